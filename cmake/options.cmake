@@ -1,0 +1,27 @@
+# Warnings, sanitizers and hardening, as one interface target that everything of ours links.
+add_library(tolvex_options INTERFACE)
+add_library(tolvex::options ALIAS tolvex_options)
+
+target_compile_options(tolvex_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wformat=2 -Wcast-qual
+  $<$<COMPILE_LANGUAGE:CXX>:-Wold-style-cast>
+  $<$<BOOL:${TOLVEX_WERROR}>:-Werror>)
+
+if(TOLVEX_SANITIZE)
+  target_compile_options(tolvex_options INTERFACE
+    -fsanitize=${TOLVEX_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1 -g1)
+  target_link_options(tolvex_options INTERFACE -fsanitize=${TOLVEX_SANITIZE})
+else()
+  target_compile_options(tolvex_options INTERFACE -fstack-protector-strong
+    $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+  target_link_options(tolvex_options INTERFACE -fstack-protector-strong)
+endif()
+
+if(WIN32)
+  # Everything is linked in, so that programs and library need Windows' own DLLs only.
+  target_compile_definitions(tolvex_options INTERFACE _WIN32_WINNT=0x0601)
+  target_link_options(tolvex_options INTERFACE -static
+    -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+else()
+  target_link_options(tolvex_options INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
+endif()

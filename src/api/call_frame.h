@@ -1,0 +1,27 @@
+// What every export that uses the service is built from.
+#pragma once
+
+namespace tolvex {
+
+class VcoClientApi;
+
+// What an export returns when an exception reached it.
+constexpr int kVerdictOfException = 255;  // where it answers with 240 or 255
+constexpr int kCodeOfException = 1;       // "Unknown", where it answers with the command's code
+constexpr int kCodeWithoutClient = 255;   // of the forwarders that check for a client
+
+// Runs the body of an export and returns its result. No exception passes into the host application:
+// every one becomes the given result.
+template <typename Body>
+int guarded(int resultOfException, Body&& body) noexcept {
+  try {
+    return body();
+  } catch (...) {
+    return resultOfException;
+  }
+}
+
+// A text argument as a log line shows it.
+inline const char* printable(const char* text) { return text != nullptr ? text : "(null)"; }
+
+}  // namespace tolvex

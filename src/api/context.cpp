@@ -1,0 +1,127 @@
+#include "api/context.h"
+
+#include <atomic>
+#include <cstdio>
+#include <exception>
+#include <memory>
+#include <new>
+#include <string>
+
+#include "api/call_frame.h"
+#include "config/ini_reader.h"
+#include "config/ip_address.h"
+#include "log/nlog.h"
+#include "platform/paths.h"
+#include "service/vco_client_api.h"
+
+namespace tolvex {
+namespace {
+
+constexpr unsigned kWeighingPort = 53264;
+constexpr unsigned kPrintingPort = 53265;
+constexpr char kIniName[] = "zelkad_ip_config.ini";
+constexpr char kAddressKey[] = "zelkad.ip_addr";
+
+// The address and whether it is settled. Never destroyed: calls may come until the process is gone.
+struct ServerAddress {
+  RecursiveLock lock;
+  std::string text = "127.0.0.1";
+  bool chosen = false;  // from then on the INI file is not read
+
+  static ServerAddress& instance() {
+    static ServerAddress* const address = new ServerAddress;
+    return *address;
+  }
+};
+
+std::atomic<bool> highResolution{false};
+
+std::string iniPath() {
+  const std::string executable = platform::hostExecutableUtf8();
+  return executable.substr(0, executable.rfind(platform::kPathSeparator)) +
+         platform::kPathSeparator + kIniName;
+}
+
+void readAddressFromIni(ServerAddress& server) {
+  try {
+    const std::string address = config::lookUp(config::readIniFile(iniPath()), kAddressKey);
+    if (!config::isIpv4Address(address)) return;
+    server.text = address;
+    NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 172,
+              "[DLL] setting Server IP from zelkad_ip_config.ini file, IP: %s", address.c_str());
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "Error: %s\n", failure.what());
+    std::fflush(stderr);
+  }
+}
+
+std::string settledAddress() {
+  ServerAddress& server = ServerAddress::instance();
+  const ScopedLock lock(server.lock);
+  if (!server.chosen) {
+    server.chosen = true;  // before anything can fail: the file is tried once
+    readAddressFromIni(server);
+  }
+  return server.text;
+}
+
+void logBanner() {
+  NLog* const log = NLog::GetInstance();
+  NLog::Log(log, kModuleDll, kLevelTrace, 180, "===========================================");
+  NLog::Log(log, kModuleDll, kLevelTrace, 181,
+            "======= tolvex_dll V%s  ================", kLibraryVersion);
+  NLog::Log(log, kModuleDll, kLevelTrace, 182, "===========================================");
+}
+
+std::unique_ptr<CTcpClient> openConnection(const std::string& address, unsigned port,
+                                           const char* name, unsigned line) {
+  auto connection = std::make_unique<CTcpClient>(address.c_str(), port);
+  if (!connection->Open()) {
+    NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, line,
+              "[DLL] Init conn to %s %s:%d Fail", name, address.c_str(), static_cast<int>(port));
+  }
+  return connection;
+}
+
+VcoClientApi* createContext() {
+  NLog::GetInstance("DLL", platform::libraryLogDirectory().c_str());
+  const std::string address = settledAddress();
+  logBanner();
+  auto weighing = openConnection(address, kWeighingPort, "LC", 187);
+  auto printing = openConnection(address, kPrintingPort, "Prt", 193);
+  auto* const client = new VcoClientApi(weighing.get(), printing.get());
+  // From here on they live as long as the process.
+  static_cast<void>(weighing.release());
+  static_cast<void>(printing.release());
+  return client;
+}
+
+}  // namespace
+
+VcoClientApi* libraryClient() {
+  static VcoClientApi* const client = createContext();
+  return client;
+}
+
+bool chooseServerAddress(const char* address) {
+  const std::string text = address != nullptr ? address : "";
+  if (!config::isIpv4Address(text)) {
+    NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 127,
+              "[DLL] setting Server IP failed from SetServerIpForRemoteAccess API, IP: %s",
+              printable(address));
+    return false;
+  }
+  ServerAddress& server = ServerAddress::instance();
+  const ScopedLock lock(server.lock);
+  server.chosen = true;
+  server.text = text;
+  NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 123,
+            "[DLL] setting Server IP from SetServerIpForRemoteAccess API, IP: %s", text.c_str());
+  return true;
+}
+
+bool highResolutionWeights() { return highResolution.load(std::memory_order_relaxed); }
+
+void setHighResolutionWeights(bool on) { highResolution.store(on, std::memory_order_relaxed); }
+
+}  // namespace tolvex

@@ -1,0 +1,11 @@
+// The second names of the exports that have one. The twins of the stubs stand with the stubs.
+#include "api/exports.h"
+
+int read_baseinfo_stdcall(char* record) { return read_baseinfo(record); }
+int read_standard_stdcall(char* record) { return read_standard(record); }
+int send_zero_stdcall(void) { return send_zero(); }
+int send_tare_stdcall(char* reply) { return send_tare(reply); }
+int send_pre_tare_stdcall(char* text) { return send_pre_tare(text); }
+int set_tare_bykey_stdcall(char* reply) { return set_tare_bykey(reply); }
+int clear_tare_stdcall(char* reply) { return clear_tare(reply); }
+int SetServerIpForRemoteAccess_stdcall(const char* ip) { return SetServerIpForRemoteAccess(ip); }

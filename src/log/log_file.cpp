@@ -1,0 +1,127 @@
+#include "log/log_file.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace tolvex {
+namespace {
+
+constexpr std::size_t kPathSize = 256;  // with the terminator; a longer path is cut
+
+// Another process may write to the same file. Its share is looked up once in a while, not for each
+// record, because asking costs as much as writing.
+constexpr std::int64_t kTrustedGrowth = 64 * 1024;
+
+constexpr char kClearLine[] = " ===== Clear All logs =====";
+
+void say(const char* what, const char* path, const char* outcome) {
+  std::printf("%s%s%s\n", what, path, outcome);
+  std::fflush(stdout);
+}
+
+// Gathers a line with its line ends translated, and hands it on in as few pieces as it fits into:
+// one for every record with a header.
+class LineBuffer {
+ public:
+  template <typename Sink>
+  bool put(char c, Sink&& sink) {
+    if (used_ == sizeof(bytes_) && !flush(sink)) return false;
+    bytes_[used_++] = c;
+    return true;
+  }
+  template <typename Sink>
+  bool flush(Sink&& sink) {
+    const std::size_t size = used_;
+    used_ = 0;
+    return size == 0 || sink(bytes_, size);
+  }
+
+ private:
+  char bytes_[2048];
+  std::size_t used_ = 0;
+};
+
+}  // namespace
+
+bool LogFile::open(const std::string& base) {
+  char path[kPathSize];
+  for (unsigned i = 0; i < kRingFiles; ++i) {
+    std::snprintf(path, sizeof(path), "%s_%u.log", base.c_str(), i);
+    if (openWithRoom(path)) {
+      path_ = path;
+      return true;
+    }
+  }
+  emptyRing(base);
+  std::snprintf(path, sizeof(path), "%s_0.log", base.c_str());
+  if (file_.open(path)) {
+    position_ = file_.size();
+    unchecked_ = 0;
+    torn_ = false;
+    writeLine(kClearLine, std::strlen(kClearLine));
+  } else {
+    say("NLog::OpenFile", " Fail", "");
+  }
+  return false;
+}
+
+bool LogFile::openWithRoom(const char* path) {
+  if (!file_.open(path)) {
+    say("NLog::OpenFile: ", path, " Fail");
+    return false;
+  }
+  position_ = file_.size();
+  unchecked_ = 0;
+  torn_ = false;
+  if (position_ > kFullSize) {
+    file_.close();
+    return false;
+  }
+  say("NLog::OpenFile: ", path, " Succ");
+  return true;
+}
+
+void LogFile::emptyRing(const std::string& base) {
+  char path[kPathSize];
+  for (unsigned i = 0; i < kRingFiles; ++i) {
+    std::snprintf(path, sizeof(path), "%s_%u.log", base.c_str(), i);
+    platform::truncateFile(path);
+  }
+}
+
+void LogFile::writeLine(const char* text, std::size_t length) {
+  const auto sink = [this](const char* data, std::size_t size) { return append(data, size); };
+  LineBuffer line;
+  const auto putLineEnd = [&] {
+    for (const char* c = platform::kLineEnd; *c != '\0'; ++c) {
+      if (!line.put(*c, sink)) return false;
+    }
+    return true;
+  };
+  if (torn_) putLineEnd();
+  for (const char* c = text; c != text + length; ++c) {
+    if (*c == '\n' ? !putLineEnd() : !line.put(*c, sink)) return;
+  }
+  if (putLineEnd()) line.flush(sink);
+}
+
+bool LogFile::append(const char* data, std::size_t size) {
+  const std::size_t written = file_.write(data, size);
+  if (written > 0) torn_ = data[written - 1] != '\n';
+  position_ += static_cast<std::int64_t>(written);
+  unchecked_ += static_cast<std::int64_t>(written);
+  return written == size;
+}
+
+bool LogFile::isFull() {
+  if (unchecked_ >= kTrustedGrowth) {
+    unchecked_ = 0;
+    const std::int64_t size = file_.size();
+    if (size >= 0) position_ = size;
+  }
+  return position_ > kFullSize;
+}
+
+void LogFile::close() { file_.close(); }
+
+}  // namespace tolvex

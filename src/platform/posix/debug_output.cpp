@@ -1,0 +1,7 @@
+#include "platform/debug_output.h"
+
+namespace tolvex::platform {
+
+void debugOutput(const char*) {}
+
+}  // namespace tolvex::platform

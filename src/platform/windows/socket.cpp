@@ -1,0 +1,84 @@
+#include "platform/socket.h"
+
+#include <winsock2.h>
+
+#include <cstring>
+
+namespace tolvex::platform::net {
+
+void startUp() {
+  WSADATA details;
+  WSAStartup(MAKEWORD(2, 2), &details);
+}
+
+void cleanUp() { WSACleanup(); }
+
+int lastError() { return WSAGetLastError(); }
+
+Socket createTcp() {
+  const SOCKET socket = ::socket(AF_INET, SOCK_STREAM, 0);
+  if (socket != INVALID_SOCKET) {
+    SetHandleInformation(reinterpret_cast<HANDLE>(socket), HANDLE_FLAG_INHERIT, 0);
+  }
+  return socket;
+}
+
+void shutDown(Socket socket) { ::shutdown(socket, SD_BOTH); }
+
+void release(Socket socket) { ::closesocket(socket); }
+
+bool setNonBlocking(Socket socket, bool on) {
+  u_long mode = on ? 1 : 0;
+  return ::ioctlsocket(socket, static_cast<long>(FIONBIO), &mode) == 0;
+}
+
+std::uint32_t parseAddress(const char* text) { return ntohl(::inet_addr(text)); }
+
+std::uint32_t lookUpHost(const char* name) {
+  const hostent* host = ::gethostbyname(name);
+  if (host == nullptr || host->h_addrtype != AF_INET || host->h_length != sizeof(u_long)) {
+    return kNoAddress;
+  }
+  u_long address = 0;
+  std::memcpy(&address, host->h_addr_list[0], sizeof(address));
+  return ntohl(address);
+}
+
+int connectTo(Socket socket, std::uint32_t hostOrderAddress, std::uint16_t port) {
+  sockaddr_in address = {};
+  address.sin_family = AF_INET;
+  address.sin_addr.s_addr = htonl(hostOrderAddress);
+  address.sin_port = htons(port);
+  return ::connect(socket, reinterpret_cast<const sockaddr*>(&address), sizeof(address));
+}
+
+Readiness wait(Socket socket, std::uint32_t timeoutMs, bool forWrite) {
+  timeval timeout;
+  timeout.tv_sec = static_cast<long>(timeoutMs / 1000);
+  timeout.tv_usec = static_cast<long>((timeoutMs % 1000) * 1000);
+  fd_set wanted;
+  fd_set exceptional;
+  wanted.fd_count = 1;
+  wanted.fd_array[0] = socket;
+  exceptional.fd_count = 1;
+  exceptional.fd_array[0] = socket;
+  const int count = ::select(static_cast<int>(socket + 1), forWrite ? nullptr : &wanted,
+                             forWrite ? &wanted : nullptr, &exceptional, &timeout);
+  if (count < 1) return {count, false, false};
+  return {count, FD_ISSET(socket, &wanted) != 0, FD_ISSET(socket, &exceptional) != 0};
+}
+
+bool pendingError(Socket socket, int& error) {
+  int length = sizeof(error);
+  return ::getsockopt(socket, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &length) == 0;
+}
+
+int send(Socket socket, const char* data, unsigned length) {
+  return ::send(socket, data, static_cast<int>(length), 0);
+}
+
+int receive(Socket socket, char* buffer, unsigned length) {
+  return ::recv(socket, buffer, static_cast<int>(length), 0);
+}
+
+}  // namespace tolvex::platform::net

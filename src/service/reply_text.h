@@ -1,0 +1,14 @@
+// The bytes of a reply.
+#pragma once
+
+namespace tolvex {
+
+// The most that one receive takes in, and so the longest reply.
+constexpr unsigned kReplyCapacity = 2048;
+
+// The bytes of one receive, always terminated.
+struct ReplyText {
+  char text[kReplyCapacity + 1] = {};
+};
+
+}  // namespace tolvex

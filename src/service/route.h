@@ -1,0 +1,20 @@
+// The two connections side by side, for the files of this folder only.
+#pragma once
+
+#include "service/vco_client_api.h"
+
+namespace tolvex {
+
+struct VcoClientApi::Route {
+  CTcpClient* connection;
+  RecursiveLock& lock;
+  std::int32_t missingCode;       // the result when there is no connection object
+  const char* name;               // of the exchange routine, as the log shows it
+  const char* connectionName;     // likewise
+  const char* beforeFailedCount;  // what stands between "failed:" and the count of a failed receive
+  struct {
+    unsigned nullArgument, noConnection, sending, sendFailed, receiveFailed, received;
+  } line;
+};
+
+}  // namespace tolvex

@@ -1,0 +1,132 @@
+// The command client: every operation of the service as one call.
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <string>
+
+#include "log/recursive_lock.h"
+#include "service/reply_text.h"
+#include "transport/tcp_client.h"
+
+namespace tolvex {
+
+class Envelope;
+
+constexpr char kLibraryVersion[] = "3.0.3.2";
+
+// How long a reply is waited for, unless the caller of a raw command says otherwise.
+constexpr unsigned kReplyTimeoutMs = 40000;
+// The least room that a base-information or weight reply is taken with, in bytes.
+constexpr unsigned kLeastReadBuffer = 200;
+// The longest printer name, in bytes.
+constexpr unsigned kLongestPrinterName = 255;
+
+// Client of the local service `zelkad`: turns each operation into one JSON request, exchanges it on
+// the weighing ("LC") or the printing ("Prt") connection, and reads the reply's result code.
+//
+// Unless said otherwise an operation returns the result code as unsigned (service/result_codes.h;
+// 0xFFFFFFFF for an unreadable reply) and keeps it as the last error. Its failures:
+//   2 a null argument, 4 sending or receiving failed, 5 the caller's buffer is null or too small,
+//   7 the reply lacks the text asked for, 1001 / 2001 there is no connection object,
+//   and whatever code the service answers.
+// Texts go out byte for byte; a null text counts as empty. Reply data is copied into the caller's
+// buffers with the bounds of service/reply_copy.h. Each operation waits for its reply, at most
+// kReplyTimeoutMs plus the connect and send times.
+//
+// Any thread may call. One lock for each connection keeps a request and its reply together. Throws
+// std::bad_alloc only. Lives until the process ends; nobody deletes it.
+class VcoClientApi {
+ public:
+  // Keeps both pointers, of which either may be null; the connections belong to the caller. The
+  // client identity is read off the host executable.
+  VcoClientApi(CTcpClient* weighing, CTcpClient* printing);
+  VcoClientApi(const VcoClientApi&) = delete;
+  VcoClientApi& operator=(const VcoClientApi&) = delete;
+
+  // Base information, whole reply. out null or outLen below 200: 5, last error unchanged.
+  virtual unsigned getBaseInfo(char* out, unsigned outLen);
+  virtual unsigned setZero();
+  // Presets the tare to the text; a text of nothing but '0' and '.' clears the tare instead. On
+  // success the tare that the service took is copied back, at most 10 characters. len below 10: 5.
+  virtual unsigned setPresetTare(char* tareText, unsigned len);
+  // Tare by key and clearing it; out gets the tare text, at most 10 characters. outLen below 10: 5.
+  virtual unsigned setTare(char* out, unsigned outLen);
+  virtual unsigned clearTare(char* out, unsigned outLen);
+  // Weight, whole reply. out null or outLen below 200: 5.
+  virtual unsigned getWeight(char* out, unsigned outLen);
+  // Any command. paramList is sent when it is neither null nor empty; out may be null, otherwise it
+  // gets the whole reply. Only the 5 for a null cmd is kept as the last error.
+  virtual unsigned sendRawCmdToLC(const char* cmd, const char* paramList, char* out,
+                                  unsigned outLen, unsigned timeoutMs);
+  // The same on the printing connection, for one printer; a null cmd is 2 here. A printer name that
+  // is null or longer than kLongestPrinterName: 2, last error unchanged.
+  virtual unsigned sendRawCmdToPrt(const char* printerName, const char* cmd, int intParam,
+                                   const char* paramList, char* out, unsigned outLen,
+                                   unsigned timeoutMs);
+
+  // Version of the weighing service, whole reply, without a least size.
+  unsigned getLCVersion(char* out, unsigned outLen);
+  // Whether the service answers: false when the exchange itself failed, true for every reply, a
+  // service error or an unreadable one included. The code is kept as the last error.
+  bool checkConnection();
+  // The service's log level of module "print" or "loadcell" (any other: 1), exactly its text.
+  unsigned getLogLevel(const char* module, char* out, unsigned outLen);
+  // Null module or level: 2, last error unchanged. Other modules: 1.
+  unsigned setLogLevel(const char* module, const char* level);
+  // Goes out on the printing connection although it concerns the scale.
+  unsigned setOverloadAlarm(int enable);
+
+  // The code of the latest operation that keeps its code; 0 before the first one.
+  std::int32_t getLastErrCode() const { return lastError_.load(std::memory_order_relaxed); }
+
+  // The host application's name, as the log lines show it.
+  const std::string& getClientName() const { return identity_; }
+
+  // One exchange: sends length bytes of the request and fills reply, which must be zeroed and one
+  // byte larger than capacity, with what one receive delivers. Returns 0, 2, 4, or 1001 / 2001.
+  unsigned SndCmdToLC(const char* request, unsigned length, char* reply, unsigned capacity,
+                      unsigned timeoutMs);
+  unsigned SndCmdToPrinter(const char* request, unsigned length, char* reply, unsigned capacity,
+                           unsigned timeoutMs);
+
+ private:
+  struct Route;  // one of the two connections with its lock and its log lines
+
+  // How an exchange ended: with a reply and the code in it, or with the code of its failure.
+  struct Outcome {
+    bool answered;
+    std::int32_t code;
+  };
+
+  Route weighingRoute();
+  Route printingRoute();
+  unsigned exchange(const Route& route, const char* request, unsigned length, char* reply,
+                    unsigned capacity, unsigned timeoutMs);
+
+  Outcome command(const Route& route, Envelope& request, ReplyText& reply,
+                  unsigned timeoutMs = kReplyTimeoutMs);
+  // A command whose reply holds nothing but its code; kept as the last error.
+  unsigned plainCommand(const Route& route, Envelope& request);
+  // A command whose whole reply goes to the caller; not kept.
+  std::int32_t wholeReplyCommand(const Route& route, Envelope& request, char* out, unsigned outLen,
+                                 unsigned timeoutMs = kReplyTimeoutMs);
+  // A command of the caller's making, whose whole reply goes to out unless that is null; not kept.
+  unsigned rawCommand(const Route& route, Envelope& request, char* out, unsigned outLen,
+                      unsigned timeoutMs);
+  // A tare command; out has room for kTareTextSize bytes. logMissing(reply) tells of a reply
+  // without a tare.
+  template <typename LogMissing>
+  unsigned tareCommand(Envelope& request, char* out, LogMissing logMissing);
+
+  unsigned kept(std::int32_t code);
+
+  CTcpClient* weighing_;
+  CTcpClient* printing_;
+  RecursiveLock weighingLock_;
+  RecursiveLock printingLock_;
+  std::atomic<std::int32_t> lastError_{0};
+  std::string identity_;
+};
+
+}  // namespace tolvex
