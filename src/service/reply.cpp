@@ -24,6 +24,14 @@ Reply::Reply(const char* text)
   document_.ParseInsitu<kParseFlags>(bytes_);
 }
 
+int Reply::parseError() const {
+  const rapidjson::ParseErrorCode error = document_.GetParseError();
+  // The iterative parser reports a text that begins with a stray bracket, comma or colon as empty.
+  const bool blank = bytes_[std::strspn(bytes_, " \t\r\n")] == '\0';
+  return error == rapidjson::kParseErrorDocumentEmpty && !blank ? rapidjson::kParseErrorValueInvalid
+                                                                : error;
+}
+
 const char* Reply::text(const char* key) const {
   if (!isJson() || !document_.IsObject()) return nullptr;
   const auto member = document_.FindMember(key);

@@ -22,7 +22,7 @@ class Reply {
 
   bool isJson() const { return !document_.HasParseError(); }
   // The parser's number for what is wrong with the text, 0 for nothing.
-  int parseError() const { return static_cast<int>(document_.GetParseError()); }
+  int parseError() const;
 
   // A member's text, which lives as long as this object. Null when the reply is no JSON object, has
   // no such member, or has something other than a string there.

@@ -12,19 +12,22 @@ namespace tolvex {
 namespace {
 
 constexpr std::size_t kFieldWidth = 7;
+constexpr int kBitsOfHexDigit = 4;
 constexpr int kLongestNumber = 340;  // of a finite double with a few decimals, sign included
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
-// The power of ten of the first digit that counts, for a decimal number whose value is out of
-// range: it tells too large from too small.
-int magnitude(const char* text, const char* end) {
+bool isHexDigit(char c) { return std::isxdigit(static_cast<unsigned char>(c)) != 0; }
+
+// The power (of ten, or of two for a hexadecimal number) that the first digit that counts stands
+// for, roughly: it tells a number that is too large from one that is too small.
+int magnitude(const char* text, const char* end, bool hexadecimal) {
   int beforePoint = 0;
   int leadingZeros = 0;
   bool pointSeen = false;
   bool digitSeen = false;
   const char* c = text;
-  for (; c != end && (isDigit(*c) || *c == '.'); ++c) {
+  for (; c != end && (*c == '.' || (hexadecimal ? isHexDigit(*c) : isDigit(*c))); ++c) {
     if (*c == '.') {
       pointSeen = true;
     } else {
@@ -34,7 +37,7 @@ int magnitude(const char* text, const char* end) {
     }
   }
   int exponent = 0;
-  if (c != end) {  // 'e' or 'E'; from_chars does not take a plus sign, but the text may have one
+  if (c != end) {  // the exponent's letter; from_chars does not take a plus sign, but the text may
     ++c;
     if (*c == '+') ++c;
     const auto parsed = std::from_chars(c, end, exponent);
@@ -43,29 +46,33 @@ int magnitude(const char* text, const char* end) {
           *c == '-' ? std::numeric_limits<int>::min() / 2 : std::numeric_limits<int>::max() / 2;
     }
   }
-  return exponent + beforePoint - leadingZeros;
+  return exponent + (hexadecimal ? kBitsOfHexDigit : 1) * (beforePoint - leadingZeros);
 }
 
 bool isHexadecimal(const char* text) {
   return text[0] == '0' && (text[1] == 'x' || text[1] == 'X') &&
-         (std::isxdigit(static_cast<unsigned char>(text[2])) != 0 ||
-          (text[2] == '.' && std::isxdigit(static_cast<unsigned char>(text[3])) != 0));
+         (isHexDigit(text[2]) || (text[2] == '.' && isHexDigit(text[3])));
 }
 
-// Without a sign. -0.0 and nan need no case of their own.
-double unsignedValue(const char* text) {
-  double value = 0;
+// Reads a number without a sign; false when the text does not begin with one.
+bool readUnsigned(const char* text, double& value) {
   const bool hexadecimal = isHexadecimal(text);
   const char* const digits = hexadecimal ? text + 2 : text;
-  if (*digits == '-') return 0;  // a second sign
-  const auto parsed =
-      std::from_chars(digits, digits + std::strlen(digits), value,
-                      hexadecimal ? std::chars_format::hex : std::chars_format::general);
-  if (parsed.ec == std::errc::result_out_of_range) {
-    const bool large = hexadecimal || magnitude(digits, parsed.ptr) > 0;
-    return large ? std::numeric_limits<double>::infinity() : 0;
+  if (*digits == '-') return false;  // a second sign
+  const char* end = digits + std::strlen(digits);
+  if (hexadecimal) {
+    const char* const exponent = std::strpbrk(digits, "pP");
+    // No exponent, but from_chars would skip its first sign.
+    if (exponent != nullptr && exponent[1] == '+' && exponent[2] == '-') end = exponent;
   }
-  return parsed.ec == std::errc() ? value : 0;
+  const auto parsed = std::from_chars(
+      digits, end, value, hexadecimal ? std::chars_format::hex : std::chars_format::general);
+  if (parsed.ec == std::errc::result_out_of_range) {
+    const bool large = magnitude(digits, parsed.ptr, hexadecimal) > 0;
+    value = large ? std::numeric_limits<double>::infinity() : 0;
+    return true;
+  }
+  return parsed.ec == std::errc();
 }
 
 // As printf shows it: digits are padded with zeros behind the sign, "inf" and "nan" with blanks.
@@ -88,7 +95,8 @@ double textToDouble(const char* text) {
   text += std::strspn(text, " \t\n\v\f\r");
   const bool negative = *text == '-';
   if (negative || *text == '+') ++text;
-  const double value = unsignedValue(text);
+  double value = 0;
+  if (!readUnsigned(text, value)) return 0;  // a sign alone is no -0
   return negative ? -value : value;
 }
 

@@ -1,0 +1,90 @@
+#include "support/host.h"
+
+#ifdef _WIN32
+#include <process.h>
+#include <windows.h>
+#else
+#include <unistd.h>
+#endif
+
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+namespace tolvex::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+#ifdef _WIN32
+unsigned processId() { return GetCurrentProcessId(); }
+
+fs::path executable() {
+  wchar_t path[1024] = {};
+  GetModuleFileNameW(nullptr, path, 1023);
+  return path;
+}
+#else
+unsigned processId() { return static_cast<unsigned>(getpid()); }
+
+fs::path executable() { return fs::read_symlink("/proc/self/exe"); }
+#endif
+
+std::string ownAddress() {
+  const unsigned id = processId();
+  return "127." + std::to_string(64 + id / 62500 % 64) + "." + std::to_string(1 + id / 250 % 250) +
+         "." + std::to_string(1 + id % 250);
+}
+
+fs::path iniFile() { return executable().parent_path() / "zelkad_ip_config.ini"; }
+
+void write(const fs::path& path, const std::string& text) {
+  std::ofstream(path, std::ios::binary) << text;
+}
+
+}  // namespace
+
+Host::Host() : address_(ownAddress()) {
+#ifdef _WIN32
+  logFolder_ = "c:/VARN/Log";
+  defaultLogFolder_ = "c:/Corvane/Log";
+  fs::remove_all(logFolder_);
+  fs::remove_all(defaultLogFolder_);
+#else
+  scratch_ = fs::temp_directory_path() / ("tolvex-test-" + std::to_string(processId()));
+  fs::remove_all(scratch_);
+  setenv("XDG_STATE_HOME", scratch_.c_str(), 1);
+  logFolder_ = scratch_ / "varn/log";
+  defaultLogFolder_ = scratch_ / "corvane/log";
+#endif
+  fs::create_directories(logFolder_);
+  fs::create_directories(defaultLogFolder_);
+  withIni("[zelkad]\nip_addr=" + address_ + "\n");
+}
+
+Host::~Host() {
+  withoutIni();
+  std::error_code ignored;
+  if (!scratch_.empty()) fs::remove_all(scratch_, ignored);
+}
+
+void Host::withIni(const std::string& text) { write(iniFile(), text); }
+
+void Host::withoutIni() { fs::remove(iniFile()); }
+
+void Host::withLogConfig(const std::string& text) { write(logFolder_ / "NLog.ini", text); }
+
+void Host::withoutLogFolder() { fs::remove_all(logFolder_); }
+
+unsigned Host::openHandles() {
+#ifdef _WIN32
+  DWORD count = 0;
+  GetProcessHandleCount(GetCurrentProcess(), &count);
+  return count;
+#else
+  const fs::directory_iterator descriptors("/proc/self/fd");
+  return static_cast<unsigned>(std::distance(fs::begin(descriptors), fs::end(descriptors)));
+#endif
+}
+
+}  // namespace tolvex::testing

@@ -1,0 +1,273 @@
+#include "support/scripted_service.h"
+
+#include <boost/asio.hpp>
+#include <condition_variable>
+#include <deque>
+#include <future>
+#include <list>
+#include <mutex>
+#include <stdexcept>
+#include <thread>
+
+namespace tolvex::testing {
+namespace {
+
+namespace asio = boost::asio;
+using asio::ip::tcp;
+using std::chrono::milliseconds;
+
+// Takes one whole JSON object off the front of the bytes; empty when there is none yet.
+std::string takeObject(std::string& bytes) {
+  int depth = 0;
+  bool inText = false;
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    const char c = bytes[i];
+    if (inText) {
+      if (c == '\\') ++i;
+      inText = c != '"';
+    } else if (c == '"') {
+      inText = true;
+    } else if (c == '{') {
+      ++depth;
+    } else if (c == '}' && --depth == 0) {
+      std::string object = bytes.substr(0, i + 1);
+      bytes.erase(0, i + 1);
+      return object;
+    }
+  }
+  return {};
+}
+
+struct Step {
+  enum Kind { kAnswer, kSilence, kClose, kReset } kind;
+  std::string reply;
+  milliseconds delay{0};
+};
+
+struct Connection {
+  explicit Connection(tcp::socket s) : socket(std::move(s)), timer(socket.get_executor()) {}
+  tcp::socket socket;
+  asio::steady_timer timer;
+  std::string received;
+  char block[4096] = {};
+};
+using ConnectionPtr = std::shared_ptr<Connection>;
+
+class Port : public ServicePort {
+ public:
+  Port(asio::io_context& io, const std::string& address, unsigned short port)
+      : io_(io), endpoint_(asio::ip::make_address(address), port), acceptor_(io) {
+    listen();
+  }
+
+  void answers(const std::string& reply) override { plan({Step::kAnswer, reply}); }
+  void answersAfter(milliseconds delay, const std::string& reply) override {
+    plan({Step::kAnswer, reply, delay});
+  }
+  void staysSilent() override { plan({Step::kSilence, ""}); }
+  void closes() override { plan({Step::kClose, ""}); }
+  void resets() override { plan({Step::kReset, ""}); }
+  void alwaysAnswers(std::function<std::string(const std::string&)> reply) override {
+    inLoop([&] { standing_ = std::move(reply); });
+  }
+
+  void forgetsItsScript() override {
+    inLoop([&] { script_.clear(); });
+  }
+
+  void sends(const std::string& bytes) override {
+    inLoop([&] {
+      if (open_.empty()) throw std::logic_error("nobody is connected");
+      asio::write(open_.back()->socket, asio::buffer(bytes));
+    });
+  }
+  void closesConnections() override {
+    inLoop([&] { dropAll(false); });
+  }
+  void resetsConnections() override {
+    inLoop([&] { dropAll(true); });
+  }
+  void goesAway() override {
+    inLoop([&] {
+      acceptor_.close();
+      dropAll(true);
+    });
+  }
+  void comesBack() override {
+    inLoop([&] { listen(); });
+  }
+
+  std::vector<std::string> requests() override {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return requests_;
+  }
+  unsigned connections() override {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    return accepted_;
+  }
+  bool hasAccepted(unsigned connections) override {
+    std::unique_lock<std::mutex> lock(mutex_);
+    return changed_.wait_for(lock, std::chrono::seconds(10),
+                             [&] { return accepted_ >= connections; });
+  }
+  bool hasOpen(unsigned connections) override {
+    std::unique_lock<std::mutex> lock(mutex_);
+    return changed_.wait_for(lock, std::chrono::seconds(10),
+                             [&] { return openCount_ == connections; });
+  }
+
+  void listen() {
+    acceptor_.open(endpoint_.protocol());
+    acceptor_.set_option(tcp::acceptor::reuse_address(true));
+    boost::system::error_code failure;
+    acceptor_.bind(endpoint_, failure);
+    if (!failure) acceptor_.listen(asio::socket_base::max_listen_connections, failure);
+    if (failure) {
+      throw std::runtime_error("cannot listen on " + endpoint_.address().to_string() + ":" +
+                               std::to_string(endpoint_.port()) + ": " + failure.message() +
+                               " (is a service or zelkad-sim running?)");
+    }
+    accept();
+  }
+
+ private:
+  // Runs the work on the loop's thread and waits for it; its exception arrives here.
+  void inLoop(const std::function<void()>& work) {
+    std::promise<void> done;
+    asio::post(io_, [&] {
+      try {
+        work();
+        done.set_value();
+      } catch (...) {
+        done.set_exception(std::current_exception());
+      }
+    });
+    done.get_future().get();
+  }
+
+  void plan(const Step& step) {
+    inLoop([&] { script_.push_back(step); });
+  }
+
+  void accept() {
+    acceptor_.async_accept([this](boost::system::error_code failure, tcp::socket socket) {
+      if (failure) return;
+      auto connection = std::make_shared<Connection>(std::move(socket));
+      open_.push_back(connection);
+      {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        ++accepted_;
+      }
+      countOpen();
+      read(connection);
+      accept();
+    });
+  }
+
+  void read(const ConnectionPtr& connection) {
+    connection->socket.async_read_some(
+        asio::buffer(connection->block),
+        [this, connection](boost::system::error_code failure, std::size_t count) {
+          if (failure) {
+            drop(connection, false);
+            return;
+          }
+          connection->received.append(connection->block, count);
+          for (;;) {
+            const std::string request = takeObject(connection->received);
+            if (request.empty()) break;
+            serve(connection, request);
+          }
+          if (connection->socket.is_open()) read(connection);
+        });
+  }
+
+  void serve(const ConnectionPtr& connection, const std::string& request) {
+    {
+      const std::lock_guard<std::mutex> lock(mutex_);
+      requests_.push_back(request);
+    }
+    Step step{Step::kSilence, ""};
+    if (!script_.empty()) {
+      step = script_.front();
+      script_.pop_front();
+    } else if (standing_) {
+      step = {Step::kAnswer, standing_(request)};
+    }
+    if (step.kind == Step::kClose || step.kind == Step::kReset) {
+      drop(connection, step.kind == Step::kReset);
+    } else if (step.kind == Step::kAnswer && step.delay.count() > 0) {
+      connection->timer.expires_after(step.delay);
+      connection->timer.async_wait([connection, step](boost::system::error_code failure) {
+        if (!failure) write(connection, step.reply);
+      });
+    } else if (step.kind == Step::kAnswer) {
+      write(connection, step.reply);
+    }
+  }
+
+  static void write(const ConnectionPtr& connection, const std::string& reply) {
+    boost::system::error_code ignored;
+    asio::write(connection->socket, asio::buffer(reply), ignored);
+  }
+
+  void drop(const ConnectionPtr& connection, bool reset) {
+    boost::system::error_code ignored;
+    connection->timer.cancel();
+    if (reset) connection->socket.set_option(asio::socket_base::linger(true, 0), ignored);
+    connection->socket.close(ignored);
+    open_.remove(connection);
+    countOpen();
+  }
+
+  void countOpen() {
+    {
+      const std::lock_guard<std::mutex> lock(mutex_);
+      openCount_ = static_cast<unsigned>(open_.size());
+    }
+    changed_.notify_all();
+  }
+
+  void dropAll(bool reset) {
+    while (!open_.empty()) drop(ConnectionPtr(open_.front()), reset);
+  }
+
+  asio::io_context& io_;
+  tcp::endpoint endpoint_;
+  tcp::acceptor acceptor_;
+  std::list<ConnectionPtr> open_;
+  std::deque<Step> script_;
+  std::function<std::string(const std::string&)> standing_;
+
+  std::mutex mutex_;
+  std::condition_variable changed_;
+  std::vector<std::string> requests_;
+  unsigned accepted_ = 0;
+  unsigned openCount_ = 0;
+};
+
+}  // namespace
+
+struct ScriptedService::Parts {
+  explicit Parts(const std::string& address)
+      : weighing(io, address, 53264), printing(io, address, 53265), thread([this] { io.run(); }) {}
+  ~Parts() {
+    io.stop();
+    thread.join();
+  }
+  asio::io_context io{1};
+  Port weighing;
+  Port printing;
+  std::thread thread;
+};
+
+ScriptedService::ScriptedService(const std::string& address)
+    : parts_(std::make_unique<Parts>(address)) {}
+
+ScriptedService::~ScriptedService() = default;
+
+ServicePort& ScriptedService::weighing() { return parts_->weighing; }
+
+ServicePort& ScriptedService::printing() { return parts_->printing; }
+
+}  // namespace tolvex::testing

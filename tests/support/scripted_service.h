@@ -1,0 +1,71 @@
+// A service that does what a test tells it to, byte for byte.
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tolvex::testing {
+
+// One port of the service. Requests are recorded in the order of their arrival, over all
+// connections; each one takes the next step of the script. Where the script is at its end, the
+// standing answer is given, or nothing. Every call returns when what it says has happened; any
+// thread may call.
+class ServicePort {
+ public:
+  virtual ~ServicePort() = default;
+
+  // What the next request without a step of its own gets, one call for each request.
+  virtual void answers(const std::string& reply) = 0;
+  virtual void answersAfter(std::chrono::milliseconds delay, const std::string& reply) = 0;
+  virtual void staysSilent() = 0;
+  virtual void closes() = 0;  // instead of an answer, in order
+  virtual void resets() = 0;  // likewise, with a reset
+  // Beyond the script: the answer to every further request, made from the request.
+  virtual void alwaysAnswers(std::function<std::string(const std::string&)> reply) = 0;
+  void alwaysAnswers(const std::string& reply) {
+    alwaysAnswers([reply](const std::string&) { return reply; });
+  }
+
+  // Forgets the steps that no request has taken.
+  virtual void forgetsItsScript() = 0;
+
+  // At once, on the newest connection.
+  virtual void sends(const std::string& bytes) = 0;
+  virtual void closesConnections() = 0;
+  virtual void resetsConnections() = 0;
+
+  // Stops and takes up listening; connections that exist are reset by stopping.
+  virtual void goesAway() = 0;
+  virtual void comesBack() = 0;
+
+  virtual std::vector<std::string> requests() = 0;
+  virtual unsigned connections() = 0;  // accepted so far
+  // Waits until so many connections were accepted, at most ten seconds; returns whether they were.
+  virtual bool hasAccepted(unsigned connections) = 0;
+  // Likewise, until so many are open at its end.
+  virtual bool hasOpen(unsigned connections) = 0;
+};
+
+// Listens on both ports of an address of its own from construction to destruction.
+class ScriptedService {
+ public:
+  // Throws std::runtime_error, naming the port, when one is taken.
+  explicit ScriptedService(const std::string& address);
+  ~ScriptedService();
+
+  ServicePort& weighing();
+  ServicePort& printing();
+
+  // Short for weighing(), which most tests are about.
+  void answers(const std::string& reply) { weighing().answers(reply); }
+  std::vector<std::string> requests() { return weighing().requests(); }
+
+ private:
+  struct Parts;
+  std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace tolvex::testing
