@@ -238,7 +238,9 @@ TOLVEX_API int DisplayUpdate(void);
 TOLVEX_API int DisplayUpdate_stdcall(void);
 TOLVEX_API int OpenDisplay(void);
 TOLVEX_API int OpenDisplay_stdcall(void);
+#ifndef OpenPrinter /* <windows.h> makes this name one of the spooler's; there it is not declared */
 TOLVEX_API int OpenPrinter(void);
+#endif
 TOLVEX_API int OpenPrinter_stdcall(void);
 TOLVEX_API int SetDataRows(void);
 TOLVEX_API int SetDataRows_stdcall(void);

@@ -166,6 +166,7 @@ void NLog::Log(NLog* logger, const char* module, int level, unsigned line, const
     }
     va_end(arguments);
   }
+  record[kRecordSize - 2] = '\0';  // a module tag may fill more than that with the header alone
   logger->WriteLocalFile(level, record);
 }
 

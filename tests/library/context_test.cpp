@@ -102,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(
                       IniCase{"NoSection", "ip_addr=127.99.1.2\n"},
                       IniCase{"OtherCaseOfTheKey", "[zelkad]\nIP_ADDR=127.99.1.2\n"},
                       IniCase{"PortBehindTheAddress", "[zelkad]\nip_addr=127.99.1.2:53264\n"}),
-    [](const auto& info) { return info.param.name; });
+    [](const auto& test) { return test.param.name; });
 
 TEST_F(Context, ASetAddressKeepsTheIniFileFromBeingRead) {
   host.withIni("[zelkad]\nip_addr=127.99.1.2\n");

@@ -131,7 +131,12 @@ TEST_F(ExchangeFaults, AServiceThatResetsInsteadOfAnsweringIsFourAndTheNextCallR
   service.weighing().alwaysAnswers(kOk);
   EXPECT_EQ(zero(), 255);
   EXPECT_EQ(lastError(), 4);
-  EXPECT_TRUE(log.has("[W] L:108 M:Socket Error: 10054"));
+#ifndef _WIN32
+  // Winsock's select reports the reset as an exception, and no receive comes to fail with a number.
+  EXPECT_EQ(log.count("[W] L:108 M:Socket Error: 10054"), 1U);
+#else
+  EXPECT_EQ(log.count("[W] L:108 M:Socket Error: 10054"), 0U);
+#endif
   EXPECT_TRUE(log.has("[W] L:093 M:DLL [SndCmdToLC] Rcv failed:-1!"));
   EXPECT_EQ(zero(), 240);
   EXPECT_EQ(service.weighing().connections(), 2U);

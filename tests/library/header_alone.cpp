@@ -1,5 +1,9 @@
 #include <cstddef>
 
+#ifdef _WIN32
+#include <windows.h>  // with the spooler's names
+#endif
+
 #include "exports.h"
 
 static_assert(offsetof(tolvex_base_info, min_range) == 12, "");

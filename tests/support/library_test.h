@@ -43,7 +43,10 @@ class ServiceTest : public LibraryTest {
 template <std::size_t size>
 class CallerBuffer {
  public:
-  CallerBuffer() { bytes_.fill('#'); }
+  CallerBuffer() {
+    bytes_.fill('#');
+    bytes_.back() = '\0';  // some buffers are read as text first
+  }
   explicit CallerBuffer(const char* text) : CallerBuffer() {
     const std::string begin = text;
     begin.copy(bytes_.data(), size);
