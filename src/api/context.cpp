@@ -73,26 +73,30 @@ void logBanner() {
   NLog::Log(log, kModuleDll, kLevelTrace, 182, "===========================================");
 }
 
-std::unique_ptr<CTcpClient> openConnection(const std::string& address, unsigned port,
-                                           const char* name, unsigned line) {
-  auto connection = std::make_unique<CTcpClient>(address.c_str(), port);
-  if (!connection->Open()) {
-    NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, line,
-              "[DLL] Init conn to %s %s:%d Fail", name, address.c_str(), static_cast<int>(port));
-  }
-  return connection;
+// Both connections to the service.
+struct Connections {
+  explicit Connections(const char* address)
+      : weighing(address, kWeighingPort), printing(address, kPrintingPort) {}
+  CTcpClient weighing;
+  CTcpClient printing;
+};
+
+void openConnection(CTcpClient& connection, const char* name, const std::string& address,
+                    unsigned port, unsigned line) {
+  if (connection.Open()) return;
+  NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, line,
+            "[DLL] Init conn to %s %s:%d Fail", name, address.c_str(), static_cast<int>(port));
 }
 
 VcoClientApi* createContext() {
   NLog::GetInstance("DLL", platform::libraryLogDirectory().c_str());
   const std::string address = settledAddress();
   logBanner();
-  auto weighing = openConnection(address, kWeighingPort, "LC", 187);
-  auto printing = openConnection(address, kPrintingPort, "Prt", 193);
-  auto* const client = new VcoClientApi(weighing.get(), printing.get());
-  // From here on they live as long as the process.
-  static_cast<void>(weighing.release());
-  static_cast<void>(printing.release());
+  auto connections = std::make_unique<Connections>(address.c_str());
+  openConnection(connections->weighing, "LC", address, kWeighingPort, 187);
+  openConnection(connections->printing, "Prt", address, kPrintingPort, 193);
+  auto* const client = new VcoClientApi(&connections->weighing, &connections->printing);
+  static_cast<void>(connections.release());  // from here on they live as long as the process
   return client;
 }
 

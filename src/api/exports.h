@@ -33,7 +33,7 @@
 #ifndef TOLVEX_EXPORTS_H
 #define TOLVEX_EXPORTS_H
 
-#include <stdint.h>
+#include <stdint.h> /* NOLINT(modernize-deprecated-headers): C too */
 
 #if defined(_WIN32) && defined(TOLVEX_BUILDING_LIBRARY)
 #define TOLVEX_API __declspec(dllexport)
@@ -155,7 +155,7 @@ TOLVEX_API int send_tare_stdcall(char *reply);
 
 /* Clears the tare. The text that the caller passes is logged and goes no further: the scale is
  * asked to clear its tare, and text (at least 10 bytes) gets the tare that is left, with the same
- * exception as set_tare_bykey. To preset a tare use sendRawCmdToLC("setpretare", ...).
+ * exception as set_tare_bykey.
  * Returns a verdict. Log: level 6 "[client][send_pre_tare] Enter TEXT" and "... OK"; level 5
  * "[send_pre_tare] Err:CODE", "[send_pre_tare] Input param is NULL". */
 TOLVEX_API int send_pre_tare(char *text);
@@ -238,7 +238,8 @@ TOLVEX_API int DisplayUpdate(void);
 TOLVEX_API int DisplayUpdate_stdcall(void);
 TOLVEX_API int OpenDisplay(void);
 TOLVEX_API int OpenDisplay_stdcall(void);
-#ifndef OpenPrinter /* <windows.h> makes this name one of the spooler's; there it is not declared */
+#ifndef OpenPrinter /* <windows.h> makes this name one of the spooler's; there it is not declared \
+                     */
 TOLVEX_API int OpenPrinter(void);
 #endif
 TOLVEX_API int OpenPrinter_stdcall(void);

@@ -10,7 +10,7 @@ constexpr std::size_t kPathSize = 256;  // with the terminator; a longer path is
 
 // Another process may write to the same file. Its share is looked up once in a while, not for each
 // record, because asking costs as much as writing.
-constexpr std::int64_t kTrustedGrowth = 64 * 1024;
+constexpr std::int64_t kTrustedGrowth = 65536;
 
 constexpr char kClearLine[] = " ===== Clear All logs =====";
 

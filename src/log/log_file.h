@@ -11,7 +11,7 @@ namespace tolvex {
 
 constexpr unsigned kRingFiles = 10;
 // A file is full when it is larger than this; one of exactly this size is still written to.
-constexpr std::int64_t kFullSize = 5 * 1024 * 1024;
+constexpr std::int64_t kFullSize = 5242880;  // 5 MiB
 
 // The file side of the logger: appends lines to <base>_0.log ... <base>_9.log, always to the lowest
 // one with room, and empties all ten when none has any. What goes wrong is told on standard output,

@@ -170,7 +170,8 @@ void NLog::Log(NLog* logger, const char* module, int level, unsigned line, const
   logger->WriteLocalFile(level, record);
 }
 
-void NLog::LogString(NLog* logger, const char* module, int level, unsigned line, std::string text) {
+void NLog::LogString(NLog* logger, const char* module, int level, unsigned line,
+                     const std::string& text) {
   if (logger == nullptr) logger = GetInstance();
   if (logger == nullptr || !logger->passes(module, level)) return;
   char header[kRecordSize];

@@ -47,7 +47,7 @@ class NLog {
 
   // Writes the header as one record and the text, of any length, as another one.
   static void LogString(NLog* logger, const char* module, int level, unsigned line,
-                        std::string text);
+                        const std::string& text);
 
   // The threshold of a module: 5 for null, empty and unknown tags. An unknown tag is stored.
   int GetModuleLevel(const char* module);
