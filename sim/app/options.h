@@ -1,0 +1,31 @@
+// The command line of zelkad-sim.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "base/clock.h"
+#include "devices/mass.h"
+
+namespace tolvex::sim {
+
+struct Options {
+  std::string address = "127.0.0.1";
+  std::uint16_t weighingPort = 53264;  // 0: any free one
+  std::uint16_t printingPort = 53265;  // 0: any free one
+  Milligrams load = 0;
+  Seconds settling{1};
+  bool console = false;
+  bool quiet = false;
+};
+
+/// Exit status for a command line that can not be understood.
+constexpr int kUsageError = 2;
+
+/// Reads the command line. If the program is not to go on, because --help or --version was asked
+/// for or an option is wrong, prints what there is to say and gives nothing; `exitCode` is then the
+/// program's exit status, 0 or kUsageError.
+std::optional<Options> parseOptions(int argc, const char* const* argv, int& exitCode);
+
+}  // namespace tolvex::sim

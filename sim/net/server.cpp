@@ -1,0 +1,61 @@
+#include "net/server.h"
+
+#include <boost/asio/executor_work_guard.hpp>
+#include <boost/asio/io_context.hpp>
+#include <boost/asio/post.hpp>
+#include <boost/asio/signal_set.hpp>
+#include <list>
+#include <utility>
+
+#include "net/listener.h"
+#include "platform/platform.h"
+
+namespace tolvex::sim {
+
+namespace asio = boost::asio;
+
+// The sessions live in the context's pending operations and refer to the service and the events;
+// so those come first and go last.
+struct Server::Impl {
+  Impl(Service& servedService, ServerEvents serverEvents)
+      : service(servedService), events(std::move(serverEvents)), signals(context) {}
+
+  Service& service;
+  ServerEvents events;
+  asio::io_context context;
+  asio::signal_set signals;
+  std::list<Listener> listeners;
+};
+
+Server::Server(Service& service, ServerEvents events)
+    : impl_(std::make_unique<Impl>(service, std::move(events))) {}
+
+Server::~Server() = default;
+
+std::uint16_t Server::listen(Half half, const std::string& address, std::uint16_t port) {
+  Listener& listener = impl_->listeners.emplace_back(impl_->context, impl_->service, half,
+                                                     impl_->events, address, port);
+  listener.accept();
+  return listener.port();
+}
+
+void Server::stopOnSignals() {
+  for (const int signal : platform::stopSignals()) impl_->signals.add(signal);
+  impl_->signals.async_wait([this](const boost::system::error_code& error, int) {
+    if (!error) stop();
+  });
+}
+
+void Server::run() {
+  // A server without listeners waits for posted functions and for its end all the same.
+  const auto work = asio::make_work_guard(impl_->context);
+  impl_->context.run();
+}
+
+void Server::stop() { impl_->context.stop(); }
+
+void Server::post(std::function<void()> function) {
+  asio::post(impl_->context, std::move(function));
+}
+
+}  // namespace tolvex::sim

@@ -1,0 +1,63 @@
+// The TCP side of the service: two ports, any number of clients, one thread.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "base/half.h"
+#include "net/listen_error.h"
+#include "protocol/conversation.h"
+
+namespace tolvex::sim {
+
+class Service;
+
+/// What a server tells about itself while it runs. Both are called on the thread in run().
+struct ServerEvents {
+  /// A request was answered; `client` is its address and port ("127.0.0.1:40112"). Called before
+  /// the reply is sent.
+  std::function<void(Half half, const std::string& client, const Exchange& exchange)> exchanged;
+  /// Something went wrong that the server gets over by itself; one line of text for the operator.
+  std::function<void(const std::string& text)> troubled;
+};
+
+/// Serves the clients of both halves of a service. Everything happens on the thread that is in
+/// run(): requests, replies, events, posted functions. So the service and its devices need no
+/// locks as long as others reach them through post() only.
+///
+/// A connection is answered strictly in order, and nothing more is read from it while a reply is
+/// being written: a client that floods or does not read stops itself. A client that has shut down
+/// its sending side still gets all its replies.
+class Server {
+ public:
+  /// The service must outlive the server. Either event may be left empty.
+  Server(Service& service, ServerEvents events);
+  ~Server();
+  Server(const Server&) = delete;
+  Server& operator=(const Server&) = delete;
+
+  /// Accepts clients of `half` on an IPv4 address and port; port 0 takes any free one. Returns the
+  /// port. Throws ListenError. Call it before run().
+  std::uint16_t listen(Half half, const std::string& address, std::uint16_t port);
+
+  /// The signals that end the program (Ctrl-C and its relatives) make run() return from now on.
+  void stopOnSignals();
+
+  /// Serves until stop() is called. Runs once.
+  void run();
+
+  /// Makes run() return soon; connections are closed by the destructor. Any thread may call it.
+  void stop();
+
+  /// Has `function` called on the thread that is in run(). Any thread may call it. A function that
+  /// is still waiting when the server stops is not called.
+  void post(std::function<void()> function);
+
+ private:
+  struct Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace tolvex::sim

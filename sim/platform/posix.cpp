@@ -1,0 +1,29 @@
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+
+#include "platform/platform.h"
+
+namespace tolvex::sim::platform {
+
+std::size_t readStandardInput(char* buffer, std::size_t capacity) {
+  ssize_t count = 0;
+  do {
+    count = ::read(STDIN_FILENO, buffer, capacity);
+  } while (count < 0 && errno == EINTR);
+  return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
+std::vector<int> stopSignals() { return {SIGINT, SIGTERM}; }
+
+void surviveClosedOutput() { std::signal(SIGPIPE, SIG_IGN); }
+
+void prepareToListen(std::uintptr_t nativeSocket) {
+  // Here the option only skips the wait for old connections; a second listener is refused anyway.
+  const int on = 1;
+  ::setsockopt(static_cast<int>(nativeSocket), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
+}
+
+}  // namespace tolvex::sim::platform

@@ -1,0 +1,35 @@
+#include "protocol/service.h"
+
+#include <algorithm>
+
+#include "protocol/command.h"
+
+namespace tolvex::sim {
+
+namespace {
+
+const Command* findCommand(const CommandTable& table, std::string_view name) {
+  const auto found = std::find_if(table.begin(), table.end(),
+                                  [name](const Command& command) { return command.name == name; });
+  return found == table.end() ? nullptr : &*found;
+}
+
+}  // namespace
+
+Reply Service::answer(Half half, std::string_view request, TimePoint now) {
+  const bool weighing = half == Half::Weighing;
+  const auto parsed = Request::parse(request);
+  if (!parsed) return ResultCode::JsonErr;
+  const std::string* name = parsed->find("cmd");
+  if (name == nullptr) return ResultCode::MissParam;
+  const Command* command = findCommand(weighing ? weighingCommands() : printingCommands(), *name);
+  if (command == nullptr) {
+    return weighing ? ResultCode::UnsupportWeightCmd : ResultCode::UnsupportPrintCmd;
+  }
+  for (const std::string_view member : command->required) {
+    if (parsed->find(member) == nullptr) return ResultCode::MissParam;
+  }
+  return command->handle({*parsed, scale_, weighing ? weighingLogLevel_ : printingLogLevel_, now});
+}
+
+}  // namespace tolvex::sim

@@ -1,0 +1,33 @@
+// The service as its clients see it: requests in, replies out.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "base/clock.h"
+#include "base/half.h"
+#include "protocol/reply.h"
+
+namespace tolvex::sim {
+
+class Scale;
+
+/// Answers the requests of both ports from the state of the devices. Knows no sockets and no
+/// clock. Not thread-safe; the scale must outlive it.
+class Service {
+ public:
+  explicit Service(Scale& scale) : scale_(scale) {}
+
+  /// The reply to one request that came to the port of `half`. In this order: JsonErr for text
+  /// that is no JSON object, MissParam without "cmd", UnsupportWeightCmd or UnsupportPrintCmd for
+  /// a command that this half does not have, MissParam without one of the command's members, and
+  /// then whatever the command says.
+  Reply answer(Half half, std::string_view request, TimePoint now);
+
+ private:
+  Scale& scale_;
+  std::string weighingLogLevel_ = "5";
+  std::string printingLogLevel_ = "5";
+};
+
+}  // namespace tolvex::sim

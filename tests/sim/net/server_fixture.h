@@ -1,0 +1,59 @@
+// A server on free ports, running on a thread of its own.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <future>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "devices/scale.h"
+#include "net/server.h"
+#include "protocol/service.h"
+
+namespace tolvex::sim {
+
+class ServerFixture : public ::testing::Test {
+ protected:
+  ServerFixture()
+      : weighingPort_(server_.listen(Half::Weighing, "127.0.0.1", 0)),
+        printingPort_(server_.listen(Half::Printing, "127.0.0.1", 0)),
+        thread_([this] { server_.run(); }) {}
+
+  ~ServerFixture() override {
+    server_.stop();
+    thread_.join();
+  }
+
+  /// Calls `function` on the server's thread and returns its result.
+  template <typename Function>
+  auto onServer(Function function) {
+    std::packaged_task<decltype(function())()> task(std::move(function));
+    auto result = task.get_future();
+    server_.post([&task] { task(); });
+    return result.get();
+  }
+
+  Scale scale_{ScaleConfig()};
+  Service service_{scale_};
+  /// Written by the server's thread; to be read through onServer().
+  std::vector<std::string> exchanges_;
+  std::promise<std::string> firstTrouble_;
+  int troubles_ = 0;
+  Server server_{service_,
+                 {[this](Half half, const std::string& client, const Exchange& exchange) {
+                    const std::string host = client.substr(0, client.find(':'));
+                    exchanges_.push_back(std::string(name(half)) + " " + host + " " +
+                                         exchange.request + " -> " + exchange.reply);
+                  },
+                  [this](const std::string& text) {
+                    if (++troubles_ == 1) firstTrouble_.set_value(text);
+                  }}};
+  std::uint16_t weighingPort_;
+  std::uint16_t printingPort_;
+  std::thread thread_;
+};
+
+}  // namespace tolvex::sim

@@ -1,0 +1,140 @@
+#!/usr/bin/env bash
+# Tests zelkad-sim as a program: start, exchange, console, stop, and refusals.
+# usage: program_test.sh CASE [LAUNCHER] PROGRAM
+set -u
+case_name=$1
+shift
+program=("$@")
+pids=()
+trap 'for pid in "${pids[@]}"; do kill -KILL "$pid" 2>/dev/null; done; rm -rf "$dir"' EXIT
+dir=$(mktemp -d)
+
+fail() {
+  echo "FAILED: $*" >&2
+  cat "$dir"/*.log >&2
+  exit 1
+}
+
+# Starts the program with its standard input and output on pipes: sets pid, and the descriptors
+# `input` and `output`, and waits until it is ready: sets weighing and printing to the ports.
+start() {
+  mkfifo "$dir/in.$#" "$dir/out.$#"
+  "${program[@]}" "$@" <"$dir/in.$#" >"$dir/out.$#" 2>>"$dir/err.log" &
+  pid=$!
+  pids+=("$pid")
+  exec {input}>"$dir/in.$#" {output}<"$dir/out.$#"
+  rm "$dir/in.$#" "$dir/out.$#"
+  expect_line '^zelkad-sim: weighing on 127\.0\.0\.1:([0-9]+)$'
+  weighing=${BASH_REMATCH[1]}
+  expect_line '^zelkad-sim: printing on 127\.0\.0\.1:([0-9]+)$'
+  printing=${BASH_REMATCH[1]}
+  expect_line '^zelkad-sim: ready$'
+}
+
+# Reads one line of the program's output, which has to match the pattern.
+expect_line() {
+  local line
+  IFS= read -r -t 60 line <&"$output" || fail "no line that matches: $1"
+  line=${line%$'\r'}
+  [[ $line =~ $1 ]] || fail "line \"$line\" does not match: $1"
+}
+
+expect_exit() {
+  wait "$pid"
+  local status=$?
+  [ "$status" -eq "$1" ] || fail "exit status $status instead of $1"
+}
+
+# One request on a connection of its own, whose reply has to be the given text.
+expect_reply() {
+  local connection reply
+  exec {connection}<>"/dev/tcp/127.0.0.1/$1" || fail "cannot connect to port $1"
+  printf '%s' "$2" >&"$connection"
+  IFS= read -r -t 60 -d '}' reply <&"$connection"
+  exec {connection}>&-
+  [ "$reply}" = "$3" ] || fail "reply \"$reply}\" instead of \"$3\""
+}
+
+any_ports=(--weighing-port 0 --printing-port 0)
+check='{"cmd":"checkConnection"}'
+ok='{"result":"0"}'
+
+case $case_name in
+  interrupt | terminate)
+    start "${any_ports[@]}"
+    if [ "$case_name" = interrupt ]; then kill -INT "$pid"; else kill -TERM "$pid"; fi
+    expect_line '^zelkad-sim: stopped$'
+    expect_exit 0
+    ;;
+  exchange)
+    start "${any_ports[@]}" --load 0.482
+    expect_reply "$weighing" "$check" "$ok"
+    expect_line '^weighing 127\.0\.0\.1:[0-9]+ \{"cmd":"checkConnection"\} -> \{"result":"0"\}$'
+    expect_reply "$printing" '{"cmd":"brew"}' '{"result":"2002"}'
+    expect_line '^printing 127\.0\.0\.1:[0-9]+ \{"cmd":"brew"\} -> \{"result":"2002"\}$'
+    expect_reply "$weighing" '{"cmd":"getweight"}' '{"result":"0","net":"0.482","tare":"0.000",'`
+      `'"zero":"0","tareType":"N","highResNet":"0.4820","weightUnit":"kg"}'
+    ;;
+  quiet)
+    start "${any_ports[@]}" --quiet --console
+    expect_reply "$weighing" "$check" "$ok"
+    echo quit >&"$input"
+    expect_line '^ok stopping$'
+    ;;
+  console)
+    start "${any_ports[@]}" --settling 0 --console
+    printf 'load 0.482\nstatus\nlaod\n' >&"$input"
+    expect_line '^ok load 0\.482 kg$'
+    expect_line '^ok gross 0\.482, net 0\.482, tare 0\.000, stable, not at zero, state 0 OK$'
+    expect_line '^error: unknown command "laod"; the commands are: load KG,'
+    # The end of the input, with a last line that has no end.
+    printf 'unplug' >&"$input"
+    exec {input}>&-
+    expect_line '^ok unplugged$'
+    expect_reply "$weighing" "$check" '{"result":"1007"}'
+    ;;
+  console_quit)
+    start "${any_ports[@]}" --console
+    # The reader is waiting for more input when the program ends.
+    echo quit >&"$input"
+    expect_line '^ok stopping$'
+    expect_line '^zelkad-sim: stopped$'
+    expect_exit 0
+    ;;
+  no_console)
+    start "${any_ports[@]}"
+    echo quit >&"$input"
+    expect_reply "$weighing" "$check" "$ok"
+    ;;
+  output_closed)
+    start "${any_ports[@]}"
+    exec {output}<&-
+    expect_reply "$weighing" "$check" "$ok"
+    expect_reply "$weighing" "$check" "$ok"
+    kill -INT "$pid"
+    expect_exit 0
+    ;;
+  port_taken)
+    start "${any_ports[@]}"
+    "${program[@]}" --weighing-port 0 --printing-port "$printing" </dev/null >"$dir/out.log" \
+      2>"$dir/refusal.log"
+    status=$?
+    [ "$status" -eq 1 ] || fail "exit status $status instead of 1"
+    refusal=$(tr -d '\r' <"$dir/refusal.log")
+    [ "$refusal" = "zelkad-sim: cannot listen on 127.0.0.1:$printing (printing): another program \
+has this port. Is another zelkad or zelkad-sim running? Stop it, or choose another port with \
+--printing-port or another address with --address." ] || fail "wrong message"
+    expect_reply "$weighing" "$check" "$ok"
+    ;;
+  usage_error)
+    "${program[@]}" --load heavy </dev/null >"$dir/out.log" 2>"$dir/refusal.log"
+    status=$?
+    [ "$status" -eq 2 ] || fail "exit status $status instead of 2"
+    [ -s "$dir/out.log" ] && fail "there is output"
+    grep -q '^zelkad-sim: --load: "heavy" is no number of kilograms' "$dir/refusal.log" ||
+      fail "wrong message"
+    ;;
+  *)
+    fail "unknown case $case_name"
+    ;;
+esac

@@ -1,0 +1,37 @@
+// A service with a scale behind it, whose time the test moves.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+
+#include "devices/scale.h"
+#include "protocol/service.h"
+
+namespace tolvex::sim {
+
+class ServiceFixture : public ::testing::Test {
+ protected:
+  /// The reply to a request on the weighing port.
+  std::string weighing(std::string_view request) {
+    return service_.answer(Half::Weighing, request, now_).json();
+  }
+
+  /// The reply to a request on the printing port.
+  std::string printing(std::string_view request) {
+    return service_.answer(Half::Printing, request, now_).json();
+  }
+
+  /// Puts a load on the scale and gives it the time to settle.
+  void settle(double kg) {
+    scale_.setLoad(kilograms(kg), now_);
+    now_ += std::chrono::seconds(10);
+  }
+
+  TimePoint now_{std::chrono::hours(1)};
+  Scale scale_{ScaleConfig()};
+  Service service_{scale_};
+};
+
+}  // namespace tolvex::sim
