@@ -11,7 +11,9 @@ constexpr std::size_t kNesting = 1;  // one object, nothing in it but strings
 }  // namespace
 
 Envelope::Envelope(const char* command)
-    : buffer_(&allocator_, kInitialCapacity), writer_(buffer_, &allocator_, kNesting) {
+    : pool_(memory_, sizeof(memory_), kPoolGrowth, &heap_),
+      buffer_(&pool_, kInitialCapacity),
+      writer_(buffer_, &pool_, kNesting) {
   writer_.StartObject();
   add("cmd", command);
 }

@@ -1,8 +1,11 @@
 // The request: one compact JSON object, "cmd" first.
 #pragma once
 
+#include <rapidjson/allocators.h>
 #include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
+
+#include <cstddef>
 
 #include "service/json_allocator.h"
 
@@ -29,10 +32,16 @@ class Envelope {
   unsigned length() const;  // without the NUL; after text()
 
  private:
-  using Buffer = rapidjson::GenericStringBuffer<rapidjson::UTF8<>, ThrowingAllocator>;
-  using Writer = rapidjson::Writer<Buffer, rapidjson::UTF8<>, rapidjson::UTF8<>, ThrowingAllocator>;
+  using Pool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;
+  using Buffer = rapidjson::GenericStringBuffer<rapidjson::UTF8<>, Pool>;
+  using Writer = rapidjson::Writer<Buffer, rapidjson::UTF8<>, rapidjson::UTF8<>, Pool>;
 
-  ThrowingAllocator allocator_;
+  static constexpr std::size_t kPoolSize = 1024;    // enough for an ordinary request
+  static constexpr std::size_t kPoolGrowth = 8192;  // for each block taken from the heap after it
+
+  alignas(std::max_align_t) char memory_[kPoolSize];
+  ThrowingAllocator heap_;
+  Pool pool_;
   Buffer buffer_;
   Writer writer_;
   bool ended_ = false;

@@ -1,6 +1,5 @@
 #include "service/reply.h"
 
-#include <algorithm>
 #include <cstring>
 
 #include "log/decimal.h"

@@ -49,6 +49,8 @@ class VcoClientApi {
   virtual unsigned setZero();
   // Presets the tare to the text; a text of nothing but '0' and '.' clears the tare instead. On
   // success the tare that the service took is copied back, at most 10 characters. len below 10: 5.
+  // To clear it calls clearTare with len and a buffer of its own that holds kTareTextSize
+  // characters and a NUL, whatever len says.
   virtual unsigned setPresetTare(char* tareText, unsigned len);
   // Tare by key and clearing it; out gets the tare text, at most 10 characters. outLen below 10: 5.
   virtual unsigned setTare(char* out, unsigned outLen);

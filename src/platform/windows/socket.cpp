@@ -41,6 +41,8 @@ std::uint32_t lookUpHost(const char* name) {
   }
   u_long address = 0;
   std::memcpy(&address, host->h_addr_list[0], sizeof(address));
+  // 255.255.255.255 is found and reads as kNoAddress: not to be told as a failure.
+  WSASetLastError(0);
   return ntohl(address);
 }
 
