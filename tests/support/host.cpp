@@ -1,37 +1,31 @@
 #include "support/host.h"
 
 #ifdef _WIN32
-#include <process.h>
 #include <windows.h>
-#else
-#include <unistd.h>
 #endif
 
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 
-namespace tolvex::testing {
+#include "support/os_support.h"
+
+namespace tolvex::test {
 namespace {
 
 namespace fs = std::filesystem;
 
 #ifdef _WIN32
-unsigned processId() { return GetCurrentProcessId(); }
-
 fs::path executable() {
   wchar_t path[1024] = {};
   GetModuleFileNameW(nullptr, path, 1023);
   return path;
 }
 #else
-unsigned processId() { return static_cast<unsigned>(getpid()); }
-
 fs::path executable() { return fs::read_symlink("/proc/self/exe"); }
 #endif
 
 std::string ownAddress() {
-  const unsigned id = processId();
+  const unsigned long id = processId();
   return "127." + std::to_string(64 + id / 62500 % 64) + "." + std::to_string(1 + id / 250 % 250) +
          "." + std::to_string(1 + id % 250);
 }
@@ -76,15 +70,4 @@ void Host::withLogConfig(const std::string& text) { write(logFolder_ / "NLog.ini
 
 void Host::withoutLogFolder() { fs::remove_all(logFolder_); }
 
-unsigned Host::openHandles() {
-#ifdef _WIN32
-  DWORD count = 0;
-  GetProcessHandleCount(GetCurrentProcess(), &count);
-  return count;
-#else
-  const fs::directory_iterator descriptors("/proc/self/fd");
-  return static_cast<unsigned>(std::distance(fs::begin(descriptors), fs::end(descriptors)));
-#endif
-}
-
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-namespace tolvex::testing {
+namespace tolvex::test {
 
 class Host {
  public:
@@ -36,9 +36,9 @@ class Host {
   // Where the library logs, and where the logger goes when it is used before the library started.
   std::filesystem::path logFolder() const { return logFolder_; }
   std::filesystem::path defaultLogFolder() const { return defaultLogFolder_; }
-
-  // Handles (descriptors) that this process has open.
-  static unsigned openHandles();
+  // The first files there.
+  std::string logFile() const { return (logFolder_ / "DLL_0.log").string(); }
+  std::string earlyLogFile() const { return (defaultLogFolder_ / "NLog_0.log").string(); }
 
  private:
   std::string address_;
@@ -47,4 +47,4 @@ class Host {
   std::filesystem::path defaultLogFolder_;
 };
 
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

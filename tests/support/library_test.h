@@ -13,9 +13,7 @@
 #include "support/log_reader.h"
 #include "support/scripted_service.h"
 
-namespace tolvex::testing {
-
-using Lines = std::vector<std::string>;
+namespace tolvex::test {
 
 // The library's context lasts as long as the process, so each of these tests needs a process of its
 // own; CTest gives it one.
@@ -30,7 +28,7 @@ class LibraryTest : public ::testing::Test {
   }
 
   Host host;
-  LogReader log{host.logFolder() / "DLL_0.log"};
+  LogReader log{host.logFile()};
 };
 
 // With a service that listens on the host's address.
@@ -74,4 +72,4 @@ inline std::string padded(std::string text, std::size_t size) {
   return text;
 }
 
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

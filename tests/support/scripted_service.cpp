@@ -9,7 +9,7 @@
 #include <stdexcept>
 #include <thread>
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 namespace asio = boost::asio;
@@ -270,4 +270,4 @@ ServicePort& ScriptedService::weighing() { return parts_->weighing; }
 
 ServicePort& ScriptedService::printing() { return parts_->printing; }
 
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace tolvex::testing {
+namespace tolvex::test {
 
 // One port of the service. Requests are recorded in the order of their arrival, over all
 // connections; each one takes the next step of the script. Where the script is at its end, the
@@ -68,4 +68,4 @@ class ScriptedService {
   std::unique_ptr<Parts> parts_;
 };
 
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

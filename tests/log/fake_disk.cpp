@@ -1,0 +1,62 @@
+#include "log/fake_disk.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "platform/file.h"
+
+namespace tolvex::test {
+namespace {
+
+// The open files, by handle.
+std::vector<std::string>& openPaths() {
+  static std::vector<std::string> paths;
+  return paths;
+}
+
+std::string& contentsOf(std::intptr_t handle) {
+  return disk.files[openPaths()[static_cast<std::size_t>(handle)]];
+}
+
+}  // namespace
+
+FakeDisk disk;
+
+}  // namespace tolvex::test
+
+namespace tolvex::platform {
+
+const char* const kLineEnd = "\r\n";
+
+AppendFile::~AppendFile() { close(); }
+
+bool AppendFile::open(const char* path) {
+  handle_ = static_cast<std::intptr_t>(test::openPaths().size());
+  test::openPaths().emplace_back(path);
+  test::contentsOf(handle_);
+  return true;
+}
+
+bool AppendFile::isOpen() const { return handle_ != kNone; }
+
+std::size_t AppendFile::write(const char* data, std::size_t size) {
+  ++test::disk.writes;
+  const std::size_t written = std::min(size, test::disk.room);
+  test::contentsOf(handle_).append(data, written);
+  test::disk.room -= written;
+  return written;
+}
+
+std::int64_t AppendFile::size() const {
+  if (!test::disk.sizesKnown) return -1;
+  return static_cast<std::int64_t>(test::contentsOf(handle_).size());
+}
+
+void AppendFile::close() { handle_ = kNone; }
+
+bool truncateFile(const char* path) {
+  test::disk.files[path].clear();
+  return true;
+}
+
+}  // namespace tolvex::platform
