@@ -1,0 +1,49 @@
+// A connection that a test speaks for.
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "transport/tcp_client.h"
+
+namespace tolvex {
+
+// Takes every request and answers each with the same reply. Records what it was given.
+class ScriptedConnection final : public CTcpClient {
+ public:
+  ScriptedConnection() : CTcpClient("127.0.0.1", 1) {}
+
+  bool Open() override { return true; }
+
+  int Send(const char* data, unsigned length) override {
+    requests.emplace_back(data, length);
+    return sendResult.value_or(static_cast<int>(length));
+  }
+
+  int RecvTimeout(char* buffer, unsigned length, unsigned timeoutMs) override {
+    receives.push_back({length, timeoutMs});
+    if (receiveResult) return *receiveResult;
+    const std::size_t size = std::min<std::size_t>(length, reply.size());
+    std::memcpy(buffer, reply.data(), size);
+    return static_cast<int>(size);
+  }
+
+  struct Receive {
+    unsigned capacity;
+    unsigned timeoutMs;
+    bool operator==(const Receive& other) const {
+      return capacity == other.capacity && timeoutMs == other.timeoutMs;
+    }
+  };
+
+  std::string reply = R"({"result":"0"})";
+  std::optional<int> sendResult;     // instead of the length
+  std::optional<int> receiveResult;  // instead of the reply
+  std::vector<std::string> requests;
+  std::vector<Receive> receives;
+};
+
+}  // namespace tolvex
