@@ -1,7 +1,7 @@
 // The first call: address, INI file, banner, connections.
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 constexpr char kZeroOk[] = R"({"result":"0"})";
@@ -120,7 +120,7 @@ TEST_F(Context, AnAddressSetBeforeEverythingMakesTheLoggerUseItsOwnFolderAndName
   service.answers(kZeroOk);
   host.call(SetServerIpForRemoteAccess, host.address().c_str());
   firstCall();
-  const LogReader early(host.defaultLogFolder() / "NLog_0.log");
+  const LogReader early(host.earlyLogFile());
   EXPECT_EQ(
       early.lines(),
       (Lines{noConfigLine(loggerFolder(host)),
@@ -154,7 +154,7 @@ TEST_F(Context, ARefusedAddressTextChangesNothing) {
     EXPECT_EQ(host.call(SetServerIpForRemoteAccess_stdcall, text), TOLVEX_FAILED) << text;
   }
   EXPECT_EQ(firstCall(), TOLVEX_OK) << "the INI file is still read";
-  const LogReader early(host.defaultLogFolder() / "NLog_0.log");
+  const LogReader early(host.earlyLogFile());
   EXPECT_EQ(early.count("[W] L:127 M:DLL [DLL] setting Server IP failed from "
                         "SetServerIpForRemoteAccess API, IP: 10.0.0"),
             2U);
@@ -164,7 +164,7 @@ TEST_F(Context, ARefusedAddressTextChangesNothing) {
 TEST_F(Context, ANullAddressIsRefusedAndShownAsNull) {
   const char* const none = nullptr;
   EXPECT_EQ(host.call(SetServerIpForRemoteAccess, none), TOLVEX_FAILED);
-  const LogReader early(host.defaultLogFolder() / "NLog_0.log");
+  const LogReader early(host.earlyLogFile());
   EXPECT_TRUE(
       early.has("[W] L:127 M:DLL [DLL] setting Server IP failed from "
                 "SetServerIpForRemoteAccess API, IP: (null)"));
@@ -219,4 +219,4 @@ TEST_F(Context, LoadingTheLibraryOpensNothing) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

@@ -1,7 +1,8 @@
 // What the service can do to an exchange, and what the next call makes of it.
 #include "support/library_test.h"
+#include "support/os_support.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 constexpr char kOk[] = R"({"result":"0"})";
@@ -189,10 +190,10 @@ TEST_F(ExchangeFaults, AThousandBrokenExchangesKeepNoHandles) {
   service.weighing().alwaysAnswers(kOk);
   EXPECT_EQ(zero(), 240);
   breakExchanges(3);  // so that what the system allocates at first use is there
-  const unsigned before = Host::openHandles();
+  const std::size_t before = handleCount();
   breakExchanges(500);
-  EXPECT_EQ(Host::openHandles(), before);
+  EXPECT_EQ(handleCount(), before);
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

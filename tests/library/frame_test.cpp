@@ -1,7 +1,7 @@
 // What all full exports share: the order of checks and lines, twins, null arguments.
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 using Frame = ServiceTest;
@@ -86,4 +86,4 @@ TEST_F(Frame, ACallThatFailsInTheServiceLeavesTheBufferUntouched) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

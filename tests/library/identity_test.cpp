@@ -3,7 +3,7 @@
 #include "platform/paths.h"
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 bool keepsItsBuffer() {
@@ -27,4 +27,4 @@ TEST_F(Identity, DecidesWhetherTheTareIsCopied) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

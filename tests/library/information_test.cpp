@@ -1,7 +1,7 @@
 // Connection check, last error and the service's log levels.
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 using CheckConnection = ServiceTest;
@@ -108,4 +108,4 @@ TEST_F(LogLevel, WithANullArgumentIsTwoAndNotKept) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

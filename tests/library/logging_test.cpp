@@ -2,8 +2,9 @@
 #include <cstdlib>
 
 #include "support/library_test.h"
+#include "support/os_support.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 using Logging = ServiceTest;
@@ -43,10 +44,10 @@ TEST_F(Logging, ALongRequestIsCutAt510Characters) {
   const std::string command(1000, 'c');
   host.call(sendRawCmdToLC, const_cast<char*>(command.c_str()), nullptr, nullptr, 0U, 10000U);
   EXPECT_EQ(service.requests(), (Lines{R"({"cmd":")" + command + "\"}"}));
-  const std::string bytes = bytesOf(log.file());
+  const std::string bytes = readBytes(log.file());
   const std::size_t at = bytes.find("ccc");
   const std::size_t begin = bytes.rfind('\n', at) + 1;
-  EXPECT_EQ(bytes.find(kLogLineEnd, begin) - begin, 510U);
+  EXPECT_EQ(bytes.find(kLineEnd, begin) - begin, 510U);
 }
 
 #ifdef _WIN32
@@ -104,4 +105,4 @@ TEST_F(Logging, EachFileOpenedIsToldOnStandardOutput) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

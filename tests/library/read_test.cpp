@@ -1,7 +1,7 @@
 // Base information and weight, from the service's reply to the caller's record.
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 std::string little(int number) {
@@ -181,4 +181,4 @@ TEST_F(ReadStandard, WideTextsAreCutByTheMarkOrRunOnWithinTheRecord) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

@@ -1,7 +1,7 @@
 // The exports without a device.
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 struct Stub {
@@ -72,4 +72,4 @@ TEST_F(Stubs, LeaveTheLastErrorAlone) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

@@ -1,7 +1,7 @@
 // The tare exports, for an application without a rule of its own.
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 using Tare = ServiceTest;
@@ -113,4 +113,4 @@ TEST_F(Tare, TwinsDoTheSame) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

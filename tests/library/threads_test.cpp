@@ -5,7 +5,7 @@
 
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 constexpr unsigned kThreads = 8;
@@ -112,4 +112,4 @@ TEST_F(Threads, AddressModeAndLastErrorMayBeUsedFromAnyThread) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

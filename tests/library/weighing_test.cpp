@@ -3,7 +3,7 @@
 
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 using Weighing = ServiceTest;
@@ -176,4 +176,4 @@ TEST_F(RawCommand, WaitsAsLongAsTheCallerSays) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test

@@ -3,7 +3,7 @@
 
 #include "support/library_test.h"
 
-namespace tolvex::testing {
+namespace tolvex::test {
 namespace {
 
 TEST(WindowsFile, CarriesItsVersionAsAResource) {
@@ -31,4 +31,4 @@ TEST(WindowsFile, IsLoadedUnderItsPlainNames) {
 }
 
 }  // namespace
-}  // namespace tolvex::testing
+}  // namespace tolvex::test
