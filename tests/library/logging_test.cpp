@@ -50,21 +50,28 @@ TEST_F(Logging, ALongRequestIsCutAt510Characters) {
   EXPECT_EQ(bytes.find(kLineEnd, begin) - begin, 510U);
 }
 
+// What standard output gets for so many records that find no file to go to.
+std::string complaints(const std::string& folder, int records) {
+  std::string once;
+  for (int i = 0; i < 10; ++i) {
+    once += "NLog::OpenFile: " + folder + "DLL_" + std::to_string(i) + ".log Fail\n";
+  }
+  once += "NLog::OpenFile Fail\nNLog::WriteLocalFile File Open Failed\n";
+  std::string all;
+  for (int record = 0; record < records; ++record) all += once;
+  return all;
+}
+
+constexpr int kRecordsOfAFirstCall = 7;  // configuration, address, three of the banner, two lines
+
 #ifdef _WIN32
 TEST_F(Logging, WithoutItsFolderRecordsAreLostAndEveryCallWorks) {
   host.withoutLogFolder();
   service.weighing().alwaysAnswers(kOk);
   ::testing::internal::CaptureStdout();
   EXPECT_EQ(host.call(send_zero), 240);
-  const std::string said = ::testing::internal::GetCapturedStdout();
-  std::string once;
-  for (int i = 0; i < 10; ++i) {
-    once += "NLog::OpenFile: c:/VARN/Log/DLL_" + std::to_string(i) + ".log Fail\n";
-  }
-  once += "NLog::OpenFile Fail\nNLog::WriteLocalFile File Open Failed\n";
-  std::string all;
-  for (int record = 0; record < 7; ++record) all += once;  // config, address, banner, two lines
-  EXPECT_EQ(said, all);
+  EXPECT_EQ(::testing::internal::GetCapturedStdout(),
+            complaints("c:/VARN/Log/", kRecordsOfAFirstCall));
   EXPECT_FALSE(std::filesystem::exists(host.logFolder())) << "an installer's task";
 }
 #else
@@ -80,15 +87,8 @@ TEST_F(Logging, AFolderThatCannotBeMadeCostsTheRecordsAndNothingElse) {
   service.weighing().alwaysAnswers(kOk);
   ::testing::internal::CaptureStdout();
   EXPECT_EQ(host.call(send_zero), 240);
-  const std::string said = ::testing::internal::GetCapturedStdout();
-  std::string once;
-  for (int i = 0; i < 10; ++i) {
-    once += "NLog::OpenFile: /proc/no/such/place/varn/log/DLL_" + std::to_string(i) + ".log Fail\n";
-  }
-  once += "NLog::OpenFile Fail\nNLog::WriteLocalFile File Open Failed\n";
-  std::string all;
-  for (int record = 0; record < 7; ++record) all += once;  // config, address, banner, two lines
-  EXPECT_EQ(said, all);
+  EXPECT_EQ(::testing::internal::GetCapturedStdout(),
+            complaints("/proc/no/such/place/varn/log/", kRecordsOfAFirstCall));
 }
 #endif
 

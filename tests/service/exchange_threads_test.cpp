@@ -10,8 +10,8 @@
 #include <string>
 #include <thread>
 
-#include "service/log_watch.h"
 #include "service/vco_client_api.h"
+#include "support/log_watch.h"
 
 namespace tolvex {
 namespace {

@@ -9,9 +9,9 @@
 #include <thread>
 
 #include "service/envelope.h"
-#include "service/log_watch.h"
 #include "service/reply.h"
 #include "service/vco_client_api.h"
+#include "support/log_watch.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <string>
 #include <vector>
 
-#include "service/log_watch.h"
 #include "service/scripted_connection.h"
 #include "service/vco_client_api.h"
+#include "support/log_watch.h"
 
 namespace tolvex {
 

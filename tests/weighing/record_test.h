@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "service/log_watch.h"
+#include "support/log_watch.h"
 #include "weighing/records.h"
 
 namespace tolvex {

@@ -7,15 +7,15 @@
 
 namespace tolvex {
 
-// Makes the process's logger ("DLL"), in a fresh folder below the working directory, where there is
-// none yet, and puts the thresholds of the modules back to the default.
+// Makes the process's logger ("DLL"), in a folder of its own, where there is none yet, and puts the
+// thresholds of the modules back to the default.
 class LogWatch {
  public:
   LogWatch();
 
   // What was logged since this object was made: each record whole, but for its time stamp, which is
-  // checked and taken off. A line without a proper time stamp or line end comes with a remark, and
-  // so equals nothing that a test expects.
+  // checked and taken off. A record without a proper one comes whole, and so equals nothing that a
+  // test expects.
   std::vector<std::string> records() const;
 
  private:
