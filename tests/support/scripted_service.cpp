@@ -119,8 +119,7 @@ class Port : public ServicePort {
   void listen() {
     acceptor_.open(endpoint_.protocol());
     acceptor_.set_option(tcp::acceptor::reuse_address(true));
-    boost::system::error_code failure;
-    acceptor_.bind(endpoint_, failure);
+    boost::system::error_code failure = bind();
     if (!failure) acceptor_.listen(asio::socket_base::max_listen_connections, failure);
     if (failure) {
       throw std::runtime_error("cannot listen on " + endpoint_.address().to_string() + ":" +
@@ -131,6 +130,19 @@ class Port : public ServicePort {
   }
 
  private:
+  // The service's ports lie among those that the system gives to outgoing connections. One of
+  // another test may hold a port of 127.0.0.1, never for long.
+  boost::system::error_code bind() {
+    const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(5);
+    boost::system::error_code failure;
+    acceptor_.bind(endpoint_, failure);
+    while (failure == asio::error::address_in_use && std::chrono::steady_clock::now() < patience) {
+      std::this_thread::sleep_for(milliseconds(20));
+      acceptor_.bind(endpoint_, failure);
+    }
+    return failure;
+  }
+
   // Runs the work on the loop's thread and waits for it; its exception arrives here.
   void inLoop(const std::function<void()>& work) {
     std::promise<void> done;
