@@ -136,7 +136,9 @@ class Port : public ServicePort {
     const auto patience = std::chrono::steady_clock::now() + std::chrono::seconds(5);
     boost::system::error_code failure;
     acceptor_.bind(endpoint_, failure);
-    while (failure == asio::error::address_in_use && std::chrono::steady_clock::now() < patience) {
+    // Windows calls it "access denied" where the other one did not ask for sharing.
+    while ((failure == asio::error::address_in_use || failure == asio::error::access_denied) &&
+           std::chrono::steady_clock::now() < patience) {
       std::this_thread::sleep_for(milliseconds(20));
       acceptor_.bind(endpoint_, failure);
     }
