@@ -49,8 +49,7 @@
 extern "C" {
 #endif
 
-/* ---- Results ----------------------------------------------------------------------------------
- */
+/* ---- Results ---- */
 
 #define TOLVEX_OK 240
 #define TOLVEX_FAILED 255
@@ -89,8 +88,7 @@ enum tolvex_result {
   TOLVEX_RESULT_PRT_STATUS_ABNORMAL = 2010
 };
 
-/* ---- Records ----------------------------------------------------------------------------------
- */
+/* ---- Records ---- */
 
 /* What read_baseinfo fills in: 64 bytes, little-endian. Pass its address as (char *)&info. */
 typedef struct tolvex_base_info {
@@ -118,8 +116,7 @@ typedef struct tolvex_weight {
   char rest[8];         /* NUL behind the tare text */
 } tolvex_weight;
 
-/* ---- Weighing ---------------------------------------------------------------------------------
- */
+/* ---- Weighing ---- */
 
 /* Reads the scale's base information into record (64 bytes, tolvex_base_info).
  * Returns a verdict. Log: level 6 "[client][read_baseinfo] Enter", and at the end, success or not,
@@ -130,9 +127,9 @@ TOLVEX_API int read_baseinfo_stdcall(char *record);
 /* Reads the weight into record (24 bytes, tolvex_weight).
  * Returns TOLVEX_OK: the record holds a stable or an unstable weight (see the status bits), or
  * nothing but zeros when the scale reports an invalid weight; TOLVEX_UNDER_LOAD or
- * TOLVEX_OVER_LOAD: the record is untouched; TOLVEX_FAILED. Log: level 6 "[client][getWeight] Oh
- * Ye~"; level 5
- * "[client][read_standard] Err:CODE", "[read_standard] Input param is NULL". */
+ * TOLVEX_OVER_LOAD: the record is untouched; TOLVEX_FAILED.
+ * Log: level 6 "[client][getWeight] Oh Ye~"; level 5 "[client][read_standard] Err:CODE",
+ * "[read_standard] Input param is NULL". */
 TOLVEX_API int read_standard(char *record);
 TOLVEX_API int read_standard_stdcall(char *record);
 
@@ -168,8 +165,8 @@ TOLVEX_API int clear_tare(char *reply);
 TOLVEX_API int clear_tare_stdcall(char *reply);
 
 /* Copies the reply with the weighing service's version, as JSON text, into buffer of size bytes.
- * Returns a code; 5 when the reply is longer than size (its beginning is copied all the same) or
- * buffer is null. */
+ * Returns a code; 5 when the reply is longer than size or buffer is null. Whatever the code, a
+ * reply that came is copied, a longer one up to size. */
 TOLVEX_API int getLCVersion(char *buffer, unsigned int size);
 
 /* Switches the scale's overload alarm on (non-zero) or off (0); the number is sent as it is, on the
@@ -186,13 +183,13 @@ TOLVEX_API int getHighResWeightMode(void);
 /* Sends any command to the weighing service. parameters becomes the request's "paramList" unless it
  * is null or empty. reply of size bytes gets the whole reply as JSON text; it may be null. wait is
  * the longest wait for the reply, in milliseconds.
- * Returns a code; 5 for a null command, and when the reply is longer than size (its beginning is
- * copied all the same). The last error is set by a null command only. */
+ * Returns a code; 5 for a null command, and when the reply is longer than size. Whatever the code,
+ * a reply that came is copied, a longer one up to size. The last error is set by a null command
+ * only. */
 TOLVEX_API int sendRawCmdToLC(char *command, char *parameters, char *reply, unsigned int size,
                               unsigned int wait);
 
-/* ---- Information ------------------------------------------------------------------------------
- */
+/* ---- Information ---- */
 
 /* Returns 1 when the service answers on the weighing connection, whatever it answers; 0 when it
  * does not. */
@@ -201,8 +198,7 @@ TOLVEX_API int checkConnection(void);
 /* Returns the code of the latest command, 0 before the first one. Sends nothing. */
 TOLVEX_API int getLastErrCode(void);
 
-/* ---- The service's log ------------------------------------------------------------------------
- */
+/* ---- The service's log ---- */
 
 /* Copies the log level of the service's module "print" or "loadcell" into buffer of size bytes:
  * exactly its text, so zero the buffer beforehand. Returns a code: 1 for any other module, 5 when
@@ -213,8 +209,7 @@ TOLVEX_API int getLogLevel(char *module, char *buffer, unsigned int size);
  * any other module, 2 when an argument is null. */
 TOLVEX_API int setLogLevel(char *module, char *level);
 
-/* ---- Configuration ----------------------------------------------------------------------------
- */
+/* ---- Configuration ---- */
 
 /* Takes the dotted IPv4 address as that of the service. Call it before every other function that
  * needs the service: connections that exist keep their address, and the INI file is read only when
@@ -226,8 +221,7 @@ TOLVEX_API int setLogLevel(char *module, char *level);
 TOLVEX_API int SetServerIpForRemoteAccess(const char *ip);
 TOLVEX_API int SetServerIpForRemoteAccess_stdcall(const char *ip);
 
-/* ---- Functions without a device ---------------------------------------------------------------
- */
+/* ---- Functions without a device ---- */
 
 /* They exist so that applications written for a fuller interface still bind. Whatever arguments an
  * application passes are ignored; nothing is sent, logged or connected, and the last error stays.
