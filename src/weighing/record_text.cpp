@@ -21,7 +21,7 @@ bool isHexDigit(char c) { return std::isxdigit(static_cast<unsigned char>(c)) !=
 
 // The power (of ten, or of two for a hexadecimal number) that the first digit that counts stands
 // for, roughly: it tells a number that is too large from one that is too small.
-int magnitude(const char* text, const char* end, bool hexadecimal) {
+std::int64_t magnitude(const char* text, const char* end, bool hexadecimal) {
   int beforePoint = 0;
   int leadingZeros = 0;
   bool pointSeen = false;
@@ -46,7 +46,8 @@ int magnitude(const char* text, const char* end, bool hexadecimal) {
           *c == '-' ? std::numeric_limits<int>::min() / 2 : std::numeric_limits<int>::max() / 2;
     }
   }
-  return exponent + (hexadecimal ? kBitsOfHexDigit : 1) * (beforePoint - leadingZeros);
+  return std::int64_t{exponent} +
+         (hexadecimal ? kBitsOfHexDigit : 1) * (beforePoint - leadingZeros);
 }
 
 bool isHexadecimal(const char* text) {

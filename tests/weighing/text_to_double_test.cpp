@@ -115,6 +115,14 @@ TEST(TextToDouble, OfTooSmallANumberIsZero) {
   expectAsStrtod("0." + std::string(400, '0') + "1e400");
 }
 
+TEST(TextToDouble, TakesAnExponentAtTheEndOfTheIntegers) {
+  expectAsStrtod("1e2147483647");
+  expectAsStrtod("12e+2147483647");
+  expectAsStrtod("1e-2147483648");
+  expectAsStrtod("0.001e-2147483648");
+  expectAsStrtod("0x1p2147483647");
+}
+
 TEST(TextToDouble, ReadsHexadecimalNumbers) {
   for (const char* const text : {"0x10",
                                  "0X10",
