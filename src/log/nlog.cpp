@@ -114,12 +114,15 @@ void NLog::LoadConfig() {
 
 int NLog::GetModuleLevel(const char* module) {
   if (module == nullptr || module[0] == '\0') return kDefaultThreshold;
-  {
+  try {
+    // One lock for both: a threshold that another thread reads from NLog.ini meanwhile stays.
     const ScopedSection lock(levelsLock_);
     const auto level = levels_.find(module);
     if (level != levels_.end()) return level->second;
+    levels_.emplace(module, kDefaultThreshold);
+  } catch (const std::bad_alloc&) {
+    // An unknown module has the default threshold anyway.
   }
-  SetModuleLevel(module, kDefaultThreshold);
   return kDefaultThreshold;
 }
 
@@ -128,7 +131,7 @@ void NLog::SetModuleLevel(const char* module, int level) {
     const ScopedSection lock(levelsLock_);
     levels_[module] = level;
   } catch (const std::bad_alloc&) {
-    // An unknown module has the default threshold anyway.
+    // The module keeps the threshold that it had.
   }
 }
 
