@@ -46,8 +46,8 @@ std::int64_t magnitude(const char* text, const char* end, bool hexadecimal) {
           *c == '-' ? std::numeric_limits<int>::min() / 2 : std::numeric_limits<int>::max() / 2;
     }
   }
-  return std::int64_t{exponent} +
-         (hexadecimal ? kBitsOfHexDigit : 1) * (beforePoint - leadingZeros);
+  const std::int64_t perDigit = hexadecimal ? kBitsOfHexDigit : 1;
+  return exponent + perDigit * (beforePoint - leadingZeros);
 }
 
 bool isHexadecimal(const char* text) {
