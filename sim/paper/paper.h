@@ -1,0 +1,72 @@
+// What a printer has put on paper.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+#include "paper/bitmap.h"
+
+namespace tolvex::sim {
+
+/// The resolution of the virtual heads, 203 dpi. All measures on paper are in these dots unless
+/// their name says otherwise.
+constexpr int kDotsPerMm = 8;
+
+/// What the paper is like.
+struct PaperFormat {
+  int width;            // of the paper
+  int printable;        // width that the head reaches, in the middle of the paper
+  int labelHeight = 0;  // 0: a roll without labels
+  int labelGap = 0;     // between one label and the next
+};
+
+/// One line of text at the left end of the printable width plus indent.
+struct TextItem {
+  std::string text;  // UTF-8, one line
+  int fontSize;      // height of the cells
+  int indent = 0;
+};
+
+struct ImageItem {
+  Bitmap bitmap;
+  int indent = 0;
+};
+
+/// Blank paper.
+struct FeedItem {
+  int length;
+};
+
+/// A cut across the paper, through this percentage of its width (100: all of it).
+struct CutItem {
+  int percent;
+};
+
+using PaperItem = std::variant<TextItem, ImageItem, FeedItem, CutItem>;
+
+/// A piece of paper with what stands on it, from the top down. Copies are deep.
+class Paper {
+ public:
+  explicit Paper(const PaperFormat& format) : format_(format) {}
+
+  void add(PaperItem item) { items_.push_back(std::move(item)); }
+
+  const PaperFormat& format() const { return format_; }
+  const std::vector<PaperItem>& items() const { return items_; }
+  bool isEmpty() const { return items_.empty(); }
+
+  /// Length of what was printed and fed, without margins or the ends of labels.
+  int length() const;
+
+ private:
+  PaperFormat format_;
+  std::vector<PaperItem> items_;
+};
+
+/// Height of one item along the paper. A line of text takes a quarter of its size more than its
+/// cells, a cut nothing.
+int heightOf(const PaperItem& item);
+
+}  // namespace tolvex::sim
