@@ -5,10 +5,14 @@ namespace tolvex {
 
 class VcoClientApi;
 
+// What most exports answer with.
+constexpr int kExportOk = 240;
+constexpr int kExportFailed = 255;
+
 // What an export returns when an exception reached it.
-constexpr int kVerdictOfException = 255;  // where it answers with 240 or 255
-constexpr int kCodeOfException = 1;       // "Unknown", where it answers with the command's code
-constexpr int kCodeWithoutClient = 255;   // of the forwarders that check for a client
+constexpr int kVerdictOfException = kExportFailed;  // where it answers with 240 or 255
+constexpr int kCodeOfException = 1;      // "Unknown", where it answers with the command's code
+constexpr int kCodeWithoutClient = 255;  // of the forwarders that check for a client
 
 // Runs the body of an export and returns its result. No exception passes into the host application:
 // every one becomes the given result.

@@ -10,4 +10,10 @@ VcoClientApi::VcoClientApi(CTcpClient* weighing, CTcpClient* printing)
       printing_(printing),
       identity_(identityOf(platform::hostExecutable(), platform::kPathSeparator)) {}
 
+unsigned VcoClientApi::takeImageNumber() {
+  const unsigned number = imageNumber_;
+  imageNumber_ = (number + 1) % kCachedImages;
+  return number;
+}
+
 }  // namespace tolvex

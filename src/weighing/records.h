@@ -3,14 +3,14 @@
 
 #include <cstddef>
 
+#include "api/call_frame.h"
+
 namespace tolvex {
 
 constexpr std::size_t kBaseInfoSize = 64;
 constexpr std::size_t kWeightSize = 24;
 
-// What the weighing exports return.
-constexpr int kExportOk = 240;
-constexpr int kExportFailed = 255;
+// What read_standard returns besides.
 constexpr int kExportUnderLoad = -1;
 constexpr int kExportOverLoad = -2;
 
