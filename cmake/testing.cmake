@@ -18,15 +18,55 @@ target_link_libraries(gtest_main PUBLIC gtest)
 
 include(GoogleTest)
 
-# Unit tests: one program, one CTest test for each GoogleTest test.
-#   tolvex_unit_test(NAME SOURCES file... [LIBRARIES target...] [LABELS label...])
-function(tolvex_unit_test name)
-  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;LABELS;PROPERTIES" ${ARGN})
+include(cmake/locales.cmake)
+
+# A program of tests, without any CTest test of it yet.
+#   tolvex_test_program(NAME SOURCES file... [LIBRARIES target...])
+function(tolvex_test_program name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE tolvex::options ${arg_LIBRARIES} gtest_main)
-  gtest_discover_tests(${name} NO_PRETTY_VALUES TEST_PREFIX ${name}. DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
+endfunction()
+
+# One CTest test for each GoogleTest test of a program, or for each that the filter names. With LOCALE
+# the tests run in that locale, which is made for them (see locales.cmake), and their names tell it;
+# with ENVIRONMENT they run with those variables, and PREFIX keeps their names apart. May be called
+# several times for a program.
+#   tolvex_discover_tests(PROGRAM [PREFIX text] [FILTER pattern] [LOCALE locale]
+#                         [ENVIRONMENT variable=value...] [LABELS label...] [PROPERTIES ...])
+function(tolvex_discover_tests name)
+  cmake_parse_arguments(arg "" "PREFIX;FILTER;LOCALE" "ENVIRONMENT;LABELS;PROPERTIES" ${ARGN})
+  set(prefix ${name}.${arg_PREFIX})
+  if(arg_LOCALE)
+    tolvex_locale(${arg_LOCALE} locale)
+    add_dependencies(${name} ${locale})
+    tolvex_in_locale(${arg_LOCALE} environment)
+    list(APPEND arg_ENVIRONMENT ${environment})
+    string(APPEND prefix ${arg_LOCALE}.)
+  endif()
+  gtest_discover_tests(${name} NO_PRETTY_VALUES TEST_PREFIX ${prefix} TEST_FILTER "${arg_FILTER}"
+    TEST_LIST ${prefix}tests DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
     WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name}
     PROPERTIES TIMEOUT 120 LABELS "${arg_LABELS}" ${arg_PROPERTIES})
+  if(arg_ENVIRONMENT)
+    # Several variables are a list, which does not get through the PROPERTIES above in one piece.
+    set(file ${CMAKE_CURRENT_BINARY_DIR}/${prefix}environment.cmake)
+    file(CONFIGURE OUTPUT ${file} @ONLY CONTENT [=[
+foreach(test IN LISTS @prefix@tests)
+  set_tests_properties(${test} PROPERTIES ENVIRONMENT [==[@arg_ENVIRONMENT@]==])
+endforeach()
+]=])
+    set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${file})
+  endif()
+endfunction()
+
+# Unit tests: a program, and all of its tests as CTest tests. Takes what the two above take.
+function(tolvex_unit_test name)
+  cmake_parse_arguments(arg "" "PREFIX;FILTER;LOCALE"
+    "SOURCES;LIBRARIES;ENVIRONMENT;LABELS;PROPERTIES" ${ARGN})
+  tolvex_test_program(${name} SOURCES ${arg_SOURCES} LIBRARIES ${arg_LIBRARIES})
+  tolvex_discover_tests(${name} PREFIX "${arg_PREFIX}" FILTER "${arg_FILTER}" LOCALE "${arg_LOCALE}"
+    ENVIRONMENT ${arg_ENVIRONMENT} LABELS ${arg_LABELS} PROPERTIES ${arg_PROPERTIES})
 endfunction()
