@@ -1,0 +1,18 @@
+#include "platform/text_encoding.h"
+
+#include <cstring>
+
+#include "platform/posix/charset.h"
+#include "platform/posix/utf8.h"
+
+namespace tolvex::platform {
+
+std::string AnsiToUtf8(const char* text) {
+  // Never freed: threads of the host may still print while the process ends.
+  static const std::string* const charset = new std::string(userCharset());
+  if (text == nullptr) return {};
+  const std::size_t size = std::strlen(text);
+  return *charset == kUtf8 ? repairedUtf8(text, size) : convertedToUtf8(*charset, text, size);
+}
+
+}  // namespace tolvex::platform
