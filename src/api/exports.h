@@ -16,18 +16,26 @@
  *     ports 53264 (weighing) and 53265 (printing). It lives until the process ends.
  *  4. Time. Every function returns when its work is done. One that talks to the service takes at
  *     most the 40 s wait for the reply, plus up to 1 s for each connect.
- *  5. Threads. Any thread may call. Commands on one connection wait for each other.
- *  6. Text going in is NUL-terminated 8-bit text, sent as it is. A null text counts as empty where
- *     nothing else is said.
+ *  5. Threads. Any thread may call. Commands on one connection wait for each other. The print job
+ * is the exception: one thread queues it and ends it with BeginPrint.
+ *  6. Text going in is NUL-terminated 8-bit text, sent as it is. "ANSI text" is in the system's
+ * ANSI code page (Linux: the character set of the user's locale - LC_ALL, LC_CTYPE or LANG - and
+ * UTF-8 where none is set) and goes out as UTF-8. A null text counts as empty where nothing else is
+ *     said.
  *  7. Buffers belong to the caller. They are written on success only, never beyond the stated size,
  *     and copied like strncpy: a text as long as the size or longer has NO terminating NUL, and a
  *     shorter one is followed by NULs up to the size. "Exact" copies write no NUL at all: zero the
  *     buffer beforehand. A null buffer is never written.
- *  8. Log. Failures are logged at level 5, entry and success at level 6, as said with the function;
+ *  8. Printers. A printer type is a number that the service understands: 0 the label printer, 1 the
+ *     ticket printer, 2 a third one, TOLVEX_DEFAULT_PRINTER (100) whichever is the default. A
+ * printer name is one of those that GetPrinterList tells, at most 255 bytes; a longer one or a null
+ * is result code 2. Values of settings go out as they are: their meaning and range are the
+ *     service's.
+ *  9. Log. Failures are logged at level 5, entry and success at level 6, as said with the function;
  *     the request and the reply at level 2 (off by default), a failed connection under "Socket".
- *  9. Exceptions and memory. No exception leaves a function. When memory runs out a verdict is 255
+ * 10. Exceptions and memory. No exception leaves a function. When memory runs out a verdict is 255
  *     and a code is 1.
- * 10. Names. On x64 there is one calling convention. A function with a twin exists under a second
+ * 11. Names. On x64 there is one calling convention. A function with a twin exists under a second
  *     name with the suffix _stdcall, which does exactly the same.
  */
 #ifndef TOLVEX_EXPORTS_H
@@ -53,9 +61,13 @@ extern "C" {
 
 #define TOLVEX_OK 240
 #define TOLVEX_FAILED 255
-#define TOLVEX_UNDER_LOAD (-1) /* read_standard only */
-#define TOLVEX_OVER_LOAD (-2)  /* read_standard only */
+#define TOLVEX_UNDER_LOAD (-1)    /* read_standard only */
+#define TOLVEX_OVER_LOAD (-2)     /* read_standard only */
+#define TOLVEX_FONT_TOO_SMALL 242 /* PrintText and PrintTextByPaperWidth only */
+#define TOLVEX_FONT_TOO_BIG 243   /* PrintText and PrintTextByPaperWidth only */
 #define TOLVEX_UNREADABLE_REPLY (-1)
+
+#define TOLVEX_DEFAULT_PRINTER 100 /* a printer type */
 
 /* Result codes, shared with the service. */
 enum tolvex_result {
@@ -186,10 +198,186 @@ TOLVEX_API int getHighResWeightMode(void);
  * Returns a code; 5 for a null command, and when the reply is longer than size. Whatever the code,
  * a reply that came is copied, a longer one up to size. The last error is set by a null command
  * only. */
-TOLVEX_API int sendRawCmdToLC(char *command, char *parameters, char *reply, unsigned int size,
-                              unsigned int wait);
+TOLVEX_API int sendRawCmdToLC(const char *command, const char *parameters, char *reply,
+                              unsigned int size, unsigned int wait);
 
-/* ---- Information ---- */
+/* ---- Printing: the job ---- */
+
+/* A job is queued line by line and image by image - PrintText, PrintTextByPaperWidth,
+ * PrintBitmapFile, PrintBitmapFileWithAlign, which send nothing - and goes to the printer with
+ * BeginPrint. There is one queue in the process, without a limit but memory. */
+
+/* Queues ANSI text for BeginPrint: one line, or one for each line feed in it (LF or CR LF; an empty
+ * line prints as a blank one; a line feed at the end begins no further line). fontSize is the
+ * height of the characters in dots, 12 to 72. Returns a verdict, TOLVEX_FONT_TOO_SMALL or
+ * TOLVEX_FONT_TOO_BIG; an empty text is TOLVEX_OK and queues nothing. Log: level 6
+ * "[client][PrintText] font:SIZE [TEXT]"; level 5 "[PrintText] Input param is NULL", "[PrintText]
+ * Input param len is 0", "[PrintText] font size too big:SIZE",
+ * "[PrintText] font size too small:SIZE". The last error stays. */
+TOLVEX_API int PrintText(const char *text, unsigned int fontSize);
+TOLVEX_API int PrintText_stdcall(const char *text, unsigned int fontSize);
+
+/* The same for paper of the given width in millimetres: more than 80 counts as 80, and 0 goes out
+ * as 0. Log: level 6 "[PrintTextByPaperWidth] " and the text; level 5 "[PrintTextByPaperWidth]
+ * Input param is NULL", "[PrintTextByPaperWidth] Input param len is 0", and the font size as
+ * PrintText logs it, under PrintText's name. */
+TOLVEX_API int PrintTextByPaperWidth(const char *text, unsigned int fontSize, unsigned int width);
+TOLVEX_API int PrintTextByPaperWidth_stdcall(const char *text, unsigned int fontSize,
+                                             unsigned int width);
+
+/* Queues an image file for BeginPrint; path is ANSI text. The service reads the image when the job
+ * is printed, so the library copies it first, as prt_0 to prt_199 with the extension of the path,
+ * into its folder (convention 3), over and over. Where that fails, the path itself is queued; a
+ * missing file shows when the job is printed. angle goes out as a 16-bit number, usually 0, 90, 180
+ * or 270. Returns a verdict. Log: level 6 "[client][PrintBitmapFile] Angle:ANGLE [PATH]" and the
+ * lines of PrintBitmapFileWithAlign, which it calls with alignment 1. The last error stays. */
+TOLVEX_API int PrintBitmapFile(const char *path, int angle);
+TOLVEX_API int PrintBitmapFile_stdcall(const char *path, int angle);
+
+/* The same with an alignment: 0, 1 or 2; anything else counts as 1. It is kept with the image and
+ * not sent: the service has no such parameter.
+ * Returns a verdict. Log: level 6 "[client][PrintBitmapFileWithAlign] Angle:ANGLE, Align:ALIGN
+ * [PATH]", "[cacheImage] Copy PATH(size:BYTES) to COPY"; level 5 "[PrintBitmapFileWithAlign] Input
+ * param is NULL", "[cacheImage] Copy PATH to COPY Fail". */
+TOLVEX_API int PrintBitmapFileWithAlign(const char *path, unsigned int angle, unsigned int align);
+
+/* Ends a job: prints what is queued and does what the job type says. The queue is empty afterwards,
+ * printed or not, except for the types that do not print.
+ *
+ *   job types                              what is done
+ *   0, 2, 7, 204, 205, and any other one   print; nothing queued is a failure (code 1)
+ *   4, 104, 206, 208, 304                  print what is queued, if anything is, and feed 13
+ *   8, 105, 207, 305                       print what is queued, if anything is, and cut
+ *   80, 90                                 calibrate the label gap; the queue stays
+ *   81, 91                                 calibrate for the end of the paper; the queue stays
+ *   6, 106, 209, 306                       nothing; the queue stays
+ *
+ * Job types 2, 80, 90, 204, 205, 206 and 208 go to printer type 0, 301 to 311 to printer type 2,
+ * all others to printer type 1. The first record that cannot be printed ends the job: the rest is
+ * dropped, and nothing is fed or cut. One command goes out for each record, so that the worst case
+ * is that many times convention 4. Returns a verdict. Log, where NAME is the type's name or number
+ * ("0_Ticket", "8_CUT", "42"): level 6 "[client][BeginPrint] NAME Begin" and "... NAME OK", before
+ * a feed or cut "[client][Feed - BeginPrint] NAME OK" (Cut: "[client][Cut - BeginPrint] ...");
+ * level 5 "... NAME Err when printing, ret:CODE" for a record, "... NAME Err, ret:0xCODE" for the
+ * confirmation of the job, which with a feed or cut changes nothing else, and "[client][BeginPrint]
+ * NAME Err, ret:0xff" for a feed, cut or calibration. */
+TOLVEX_API int BeginPrint(int jobType);
+TOLVEX_API int BeginPrint_stdcall(int jobType);
+
+/* ---- Printing at once ---- */
+
+/* Prints UTF-8 text on a printer of this type now, past the queue. Nothing is converted or cut into
+ * lines. An empty text goes out as one blank, font size 0 as 28. The job is the service's to end.
+ * Returns a code: 2 for a null text, 6 for one of more than 2048 bytes. Log: level 5 "printText
+ * Input params is too long(TEXT)!". */
+TOLVEX_API int printTextById(const char *text, unsigned int fontSize, unsigned int printerType);
+
+/* The same for paper of the given width in millimetres (sent times eight, in dots), with a text of
+ * any length. Returns a code. Log: level 5 "[printTextByPaperWidth] str is NULL". */
+TOLVEX_API int printTextByPaperWidthById(const char *text, unsigned int fontSize,
+                                         unsigned int width, unsigned int printerType);
+
+/* Prints an image file on a printer of this type now. path is UTF-8 and read by the service; no
+ * copy is made. Returns a code: 2 for a null or empty path. */
+TOLVEX_API int printBitmapFileById(const char *path, unsigned int angle, unsigned int printerType);
+
+/* Sends any command to the printing service. number becomes the request's "intParam", parameters
+ * its "paramList" unless it is null or empty. reply of size bytes gets the whole reply as JSON
+ * text; it may be null. wait is the longest wait for the reply, in milliseconds. Returns a code; 2
+ * for a null command or an unusable printer name, 5 when the reply is longer than size. Whatever
+ * the code, a reply that came is copied, a longer one up to size. The last error is set by a null
+ * command only. Log: level 6 "[sendRawCmdToPrt] Req: REQUEST". */
+TOLVEX_API int sendRawCmdToPrt(const char *printerName, const char *command, int number,
+                               const char *parameters, char *reply, unsigned int size,
+                               unsigned int wait);
+
+/* ---- Paper ---- */
+
+/* Feeds blank paper on the default printer. distance is 1 to 1000, in the service's unit; any other
+ * is refused: 255, last error 2, nothing sent.
+ * Returns a verdict. Log: level 6 "[printBlanks] Entry" and "[printBlanks] OK"; level 5
+ * "[printBlanks] Invalid Param:DISTANCE", "[printBlanks] Err:CODE". */
+TOLVEX_API int printBlanks(unsigned int distance);
+TOLVEX_API int printBlanks_stdcall(unsigned int distance);
+
+/* Feeds a distance of 13 on the default printer, or on one of this type. Return a verdict.
+ * Log: level 6 "[client][feedPaper] Entry" and "[client][feedPaper] OK"; level 5 "[feedPaper]
+ * Err:CODE"; the second one without the client: "[feedPaperById] Entry" and so on. */
+TOLVEX_API int feedPaper(void);
+TOLVEX_API int feedPaper_stdcall(void);
+TOLVEX_API int feedPaperById(unsigned int printerType);
+
+/* Cuts the paper of the default printer, through 70 percent of its width.
+ * Returns a verdict. Log: level 6 "[cutPaper] Entry" and "[cutPaper] OK"; level 5 "[cutPaper] Err:
+ * CODE". */
+TOLVEX_API int cutPaper(void);
+TOLVEX_API int cutPaper_stdcall(void);
+
+/* The same on a printer of this type. Returns a code. */
+TOLVEX_API int cutPaperById(unsigned int printerType);
+
+/* Measures the gap between the labels. Returns a verdict. Log: level 6 "[calibrateLabel] Entry" and
+ * "[calibrateLabel] OK"; level 5 "[calibrateLabel] Err: CODE". */
+TOLVEX_API int calibrateLabel(unsigned int printerType);
+
+/* Calibrates the sensor for the end of the paper. Returns a code. */
+TOLVEX_API int testPaper(unsigned int printerType);
+
+/* ---- Printer settings ---- */
+
+/* Paper width in millimetres (sent times eight, in dots), of a printer of this type, or of the
+ * default printer. Return a code. */
+TOLVEX_API int setDefaultPaperWidth(unsigned int width, unsigned int printerType);
+TOLVEX_API int SetDefaultPaperWidth(unsigned int width);
+TOLVEX_API int SetDefaultPaperWidth_stdcall(unsigned int width);
+
+/* Settings of a printer of this type. Each returns a code; setTextWrapMode leaves the last error as
+ * it was. */
+TOLVEX_API int setGapType(unsigned int gapType, unsigned int printerType);
+TOLVEX_API int setPrinterDirection(unsigned int direction, unsigned int printerType);
+TOLVEX_API int setTextWrapMode(unsigned int wrapMode, unsigned int printerType);
+
+/* Settings of the printer of this name. Each returns a code. */
+TOLVEX_API int setLeftMargin(unsigned int leftMargin, const char *printerName);
+TOLVEX_API int setRightMargin(unsigned int rightMargin, const char *printerName);
+TOLVEX_API int setPaperOffset(unsigned int offset, const char *printerName);
+TOLVEX_API int setPrintContrast(unsigned int contrast, const char *printerName);
+TOLVEX_API int setPrintSpeed(unsigned int speed, const char *printerName);
+TOLVEX_API int setPrtAutoPrint(unsigned int enable, const char *printerName);
+TOLVEX_API int setRollback(unsigned int enable, const char *printerName);
+
+/* Switches the sensor for taken paper on (non-zero, sent as 1) or off (0).
+ * Returns a verdict. Log: level 6 "[client][setTakeupPaperSensor] Entry" and
+ * "[client][setTakeupPaperSensor] OK, iEnable: ENABLE"; level 5 "[setTakeupPaperSensor] Err: CODE".
+ */
+TOLVEX_API int setTakeupPaperSensor(int enable, const char *printerName);
+
+/* ---- Information and drawer ---- */
+
+/* Copies the names of the printers, as the service lists them, into buffer of size bytes: exactly
+ * the text, so zero the buffer beforehand. Returns a verdict; the last error is 2 when buffer is
+ * null, 5 when the text is longer than size, 7 when the reply holds no list. Log: level 6
+ * "[client][GetPrinterList] Enter" and
+ * "[client][GetPrinterList] OK, BUFFER"; level 5 "[GetPrinterList] Err:CODE",
+ * "[client][getPrinterList] json parse fail:REPLY". */
+TOLVEX_API int GetPrinterList(char *buffer, unsigned int size);
+TOLVEX_API int GetPrinterList_stdcall(char *buffer, unsigned int size);
+
+/* Returns a printer's state as a code: 0 ready, 2005 busy, 2006 out of paper, 2007 head hot ... */
+TOLVEX_API int GetPrinterStatus(unsigned int printerType);
+TOLVEX_API int GetPrinterStatus_stdcall(unsigned int printerType);
+
+/* Copies the reply with the printer's firmware version, as JSON text, into buffer of size bytes.
+ * Returns a verdict; the last error is 2 for an unusable printer name, 5 when the reply is longer
+ * than size or buffer is null. A reply that came is copied whatever the verdict, a longer one up to
+ * size. Log: level 6 "[client][getPrinterVersion] Entry" and "[client][getPrinterVersion] OK,
+ * ver:BUFFER"; level 5 "[getPrinterVersion] Err: CODE". */
+TOLVEX_API int getPrinterVersion(char *buffer, unsigned int size, const char *printerName);
+
+/* Opens the cash drawer. Returns a verdict. Log: level 6 "[client][OpenCashDrawerEx] Enter" and
+ * "[client][OpenCashDrawerEx] OK"; level 5 "[OpenCashDrawerEx] Err: CODE". */
+TOLVEX_API int OpenCashDrawerEx(void);
+TOLVEX_API int OpenCashDrawerEx_stdcall(void);
 
 /* Returns 1 when the service answers on the weighing connection, whatever it answers; 0 when it
  * does not. */
@@ -203,11 +391,11 @@ TOLVEX_API int getLastErrCode(void);
 /* Copies the log level of the service's module "print" or "loadcell" into buffer of size bytes:
  * exactly its text, so zero the buffer beforehand. Returns a code: 1 for any other module, 5 when
  * the text is longer than size or buffer is null, 7 when the reply holds no level. */
-TOLVEX_API int getLogLevel(char *module, char *buffer, unsigned int size);
+TOLVEX_API int getLogLevel(const char *module, char *buffer, unsigned int size);
 
 /* Sets the log level (text) of the service's module "print" or "loadcell". Returns a code: 1 for
  * any other module, 2 when an argument is null. */
-TOLVEX_API int setLogLevel(char *module, char *level);
+TOLVEX_API int setLogLevel(const char *module, const char *level);
 
 /* ---- Configuration ---- */
 

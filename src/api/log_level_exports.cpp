@@ -6,7 +6,7 @@
 
 using namespace tolvex;
 
-int getLogLevel(char* module, char* buffer, unsigned int size) {
+int getLogLevel(const char* module, char* buffer, unsigned int size) {
   return guarded(kCodeOfException, [&] {
     VcoClientApi* const client = libraryClient();
     if (client == nullptr) return kCodeWithoutClient;
@@ -14,7 +14,7 @@ int getLogLevel(char* module, char* buffer, unsigned int size) {
   });
 }
 
-int setLogLevel(char* module, char* level) {
+int setLogLevel(const char* module, const char* level) {
   return guarded(kCodeOfException, [&] {
     VcoClientApi* const client = libraryClient();
     if (client == nullptr) return kCodeWithoutClient;

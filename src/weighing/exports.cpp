@@ -189,7 +189,7 @@ int setOverloadAlarm(unsigned int enable) {
   });
 }
 
-int sendRawCmdToLC(char* command, char* parameters, char* reply, unsigned int size,
+int sendRawCmdToLC(const char* command, const char* parameters, char* reply, unsigned int size,
                    unsigned int wait) {
   return guarded(kCodeOfException, [&] {
     VcoClientApi* const client = libraryClient();
