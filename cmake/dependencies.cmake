@@ -20,6 +20,7 @@ tolvex_header_library(rapidjson rapidjson rapidjson-dev)
 tolvex_header_library(boost_headers boost libboost-dev)
 tolvex_header_library(cli11 CLI libcli11-dev)
 tolvex_header_library(nlohmann_json nlohmann nlohmann-json3-dev)
+tolvex_header_library(stb stb libstb-dev)
 
 # Boost.Asio and Beast, header-only, with what they need of the system.
 target_compile_definitions(boost_headers INTERFACE BOOST_ERROR_CODE_HEADER_ONLY)

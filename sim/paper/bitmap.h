@@ -32,9 +32,9 @@ class Bitmap {
 /// Clockwise turns.
 enum class Turn { None, Quarter, Half, ThreeQuarters };
 
-/// The angle as requests carry it: multiples of 90 degrees clockwise, negative ones and ones of more
-/// than a full turn included, or the plain numbers 1 to 3 for as many quarter turns. Anything else
-/// does not turn.
+/// The angle as requests carry it: multiples of 90 degrees clockwise, negative ones and ones of
+/// more than a full turn included, or the plain numbers 1 to 3 for as many quarter turns. Anything
+/// else does not turn.
 Turn turnOf(int angle);
 
 /// The picture, turned. Quarter turns exchange width and height.

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <string>
-#include <utility>
 #include <variant>
 #include <vector>
 
@@ -13,6 +12,9 @@ namespace tolvex::sim {
 /// The resolution of the virtual heads, 203 dpi. All measures on paper are in these dots unless
 /// their name says otherwise.
 constexpr int kDotsPerMm = 8;
+
+/// Most that one item takes along the paper: 10 m. A feed of more feeds this much.
+constexpr int kMaxItemHeight = 10000 * kDotsPerMm;
 
 /// What the paper is like.
 struct PaperFormat {
@@ -46,27 +48,37 @@ struct CutItem {
 
 using PaperItem = std::variant<TextItem, ImageItem, FeedItem, CutItem>;
 
+/// Height of one item along the paper, from 0 to kMaxItemHeight. A line of text takes a quarter of
+/// its size more than its cells, a cut nothing.
+int heightOf(const PaperItem& item);
+
 /// A piece of paper with what stands on it, from the top down. Copies are deep.
 class Paper {
  public:
   explicit Paper(const PaperFormat& format) : format_(format) {}
 
-  void add(PaperItem item) { items_.push_back(std::move(item)); }
+  /// Puts the item below what is there. On labels, a text or an image that would reach beyond its
+  /// label begins the next one, unless it is higher than a label.
+  void add(PaperItem item);
 
   const PaperFormat& format() const { return format_; }
   const std::vector<PaperItem>& items() const { return items_; }
   bool isEmpty() const { return items_.empty(); }
 
-  /// Length of what was printed and fed, without margins or the ends of labels.
-  int length() const;
+  /// Where each of items() begins, from the top of the paper.
+  const std::vector<int>& tops() const { return tops_; }
+
+  /// Length of what was printed and fed, gaps between labels included, without margins or what is
+  /// left of the last label.
+  int length() const { return length_; }
 
  private:
+  int topFor(const PaperItem& item) const;
+
   PaperFormat format_;
   std::vector<PaperItem> items_;
+  std::vector<int> tops_;
+  int length_ = 0;
 };
-
-/// Height of one item along the paper. A line of text takes a quarter of its size more than its
-/// cells, a cut nothing.
-int heightOf(const PaperItem& item);
 
 }  // namespace tolvex::sim

@@ -18,17 +18,17 @@ struct Glyph {
   int cells;         // 1 narrow, 2 wide
 };
 
-/// The glyphs of a text. Bytes that are not UTF-8 become U+FFFD; a tab becomes blanks up to the next
-/// eighth narrow cell; other control characters are left out.
+/// The glyphs of a text. Bytes that are not UTF-8 become U+FFFD; a tab becomes blanks up to the
+/// next eighth narrow cell; other control characters are left out.
 std::vector<Glyph> glyphsOf(std::string_view text);
 
 /// Number of narrow cells that the text takes.
 int cellsOf(std::string_view text);
 
 /// The text in lines of at most `width` dots in a font of size `fontSize`. A line end in the text
-/// begins a new line. Overflow::Wrap breaks a longer line at its last blank (which is dropped) or, in a word
-/// that is longer than a line, between two glyphs; Overflow::Cut drops the rest of it. There is
-/// always at least one line, and at least one glyph in each line of a text that has any.
+/// begins a new line. Overflow::Wrap breaks a longer line at its last blank (which is dropped) or,
+/// in a word that is longer than a line, between two glyphs; Overflow::Cut drops the rest of it.
+/// There is always at least one line, and at least one glyph in each line of a text that has any.
 std::vector<std::string> linesOf(std::string_view text, int fontSize, int width, Overflow overflow);
 
 }  // namespace tolvex::sim

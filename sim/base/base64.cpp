@@ -1,0 +1,39 @@
+#include "base/base64.h"
+
+#include <cstddef>
+#include <cstdint>
+
+namespace tolvex::sim {
+
+namespace {
+
+constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr std::size_t kGroupBytes = 3;
+constexpr std::size_t kGroupDigits = 4;
+
+// Three bytes as one number; those beyond the end are 0.
+std::uint32_t groupOf(std::string_view bytes) {
+  std::uint32_t group = 0;
+  for (std::size_t i = 0; i < kGroupBytes; ++i) {
+    group = (group << 8U) | (i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0U);
+  }
+  return group;
+}
+
+}  // namespace
+
+std::string base64Of(std::string_view bytes) {
+  std::string text;
+  text.reserve((bytes.size() + kGroupBytes - 1) / kGroupBytes * kGroupDigits);
+  for (; !bytes.empty();
+       bytes.remove_prefix(bytes.size() < kGroupBytes ? bytes.size() : kGroupBytes)) {
+    const std::uint32_t group = groupOf(bytes);
+    for (std::size_t digit = 0; digit < kGroupDigits; ++digit) {
+      // One byte fills two digits, two fill three.
+      text += digit <= bytes.size() ? kDigits[(group >> (18 - 6 * digit)) & 0x3FU] : '=';
+    }
+  }
+  return text;
+}
+
+}  // namespace tolvex::sim

@@ -1,0 +1,51 @@
+#include "paper/paper.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tolvex::sim {
+
+namespace {
+
+// Where a paper ends that never ends.
+constexpr long long kMaxLength = 1'000'000'000;
+
+struct Height {
+  long long operator()(const TextItem& text) const { return text.fontSize + text.fontSize / 4LL; }
+  long long operator()(const ImageItem& image) const { return image.bitmap.height(); }
+  long long operator()(const FeedItem& feed) const { return feed.length; }
+  long long operator()(const CutItem& /*cut*/) const { return 0; }
+};
+
+bool isContent(const PaperItem& item) {
+  return std::holds_alternative<TextItem>(item) || std::holds_alternative<ImageItem>(item);
+}
+
+int clampLength(long long length) { return static_cast<int>(std::min(length, kMaxLength)); }
+
+}  // namespace
+
+int heightOf(const PaperItem& item) {
+  return static_cast<int>(std::clamp<long long>(std::visit(Height{}, item), 0, kMaxItemHeight));
+}
+
+void Paper::add(PaperItem item) {
+  const int top = topFor(item);
+  length_ = clampLength(static_cast<long long>(top) + heightOf(item));
+  tops_.push_back(top);
+  items_.push_back(std::move(item));
+}
+
+int Paper::topFor(const PaperItem& item) const {
+  if (format_.labelHeight <= 0 || !isContent(item)) return length_;
+  const long long pitch = static_cast<long long>(format_.labelHeight) + format_.labelGap;
+  const long long used = length_ % pitch;
+  const int height = heightOf(item);
+  const bool isInGap = used >= format_.labelHeight;
+  const bool fitsOnNext = height <= format_.labelHeight;
+  const bool fitsHere = used + height <= format_.labelHeight;
+  if (!isInGap && (fitsHere || !fitsOnNext)) return length_;
+  return clampLength((length_ / pitch + 1) * pitch);
+}
+
+}  // namespace tolvex::sim

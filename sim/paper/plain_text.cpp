@@ -1,0 +1,100 @@
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "paper/render.h"
+#include "paper/text_layout.h"
+
+namespace tolvex::sim {
+
+namespace {
+
+// The plain text stands for a common font: its cells are this wide, its lines this high.
+constexpr int kCellWidth = 12;
+constexpr int kLineHeight = 30;
+
+// Writes a paper item by item.
+class PlainText {
+ public:
+  explicit PlainText(const PaperFormat& format) : format_(format) {}
+
+  void operator()(const TextItem& item) {
+    std::string text;
+    for (const Glyph& glyph : glyphsOf(item.text)) text += glyph.text;
+    addLine(blanks(item.indent) + text);
+  }
+
+  void operator()(const ImageItem& item) {
+    addLine(blanks(item.indent) + "[image " + std::to_string(item.bitmap.width()) + "x" +
+            std::to_string(item.bitmap.height()) + "]");
+  }
+
+  void operator()(const FeedItem& /*feed*/) {}
+
+  void operator()(const CutItem& /*cut*/) { addRule("- "); }
+
+  // Blank paper up to `top`, with the ends of labels on the way.
+  void advanceTo(int top) {
+    while (hasLabels() && top >= endOfLabel() + format_.labelGap) {
+      addBlankUpTo(endOfLabel());
+      addRule(". ");
+      ++label_;
+      at_ = std::max(at_, label_ * pitch());
+    }
+    addBlankUpTo(top);
+  }
+
+  void continueAt(int position) { at_ = position; }
+
+  std::string take() { return std::move(text_); }
+
+ private:
+  bool hasLabels() const { return format_.labelHeight > 0; }
+  int pitch() const { return format_.labelHeight + format_.labelGap; }
+  int endOfLabel() const { return label_ * pitch() + format_.labelHeight; }
+
+  std::string blanks(int indent) const {
+    return std::string(static_cast<std::size_t>(std::clamp(indent, 0, format_.width) / kCellWidth),
+                       ' ');
+  }
+
+  void addBlankUpTo(int position) {
+    const int lines = (position - at_ + kLineHeight / 2) / kLineHeight;
+    if (lines > 0) text_.append(static_cast<std::size_t>(lines), '\n');
+    at_ = std::max(at_, position);
+  }
+
+  void addRule(const char* dash) {
+    std::string rule;
+    for (int x = 0; x < format_.printable; x += 2 * kCellWidth) rule += dash;
+    addLine(rule);
+  }
+
+  void addLine(const std::string& line) {
+    // Without the blanks at the end.
+    text_.append(line, 0, line.find_last_not_of(' ') + 1);
+    text_ += '\n';
+  }
+
+  PaperFormat format_;
+  std::string text_;
+  int at_ = 0;     // how far down the paper the text has come
+  int label_ = 0;  // the label there
+};
+
+}  // namespace
+
+std::string plainTextOf(const Paper& paper) {
+  PlainText text(paper.format());
+  for (std::size_t i = 0; i < paper.items().size(); ++i) {
+    const PaperItem& item = paper.items()[i];
+    if (std::holds_alternative<FeedItem>(item)) continue;
+    text.advanceTo(paper.tops()[i]);
+    std::visit(text, item);
+    text.continueAt(paper.tops()[i] + heightOf(item));
+  }
+  text.advanceTo(paper.length());
+  return text.take();
+}
+
+}  // namespace tolvex::sim

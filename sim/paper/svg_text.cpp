@@ -1,0 +1,160 @@
+#include "paper/svg_text.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+#include "base/utf8.h"
+#include "paper/text_layout.h"
+
+namespace tolvex::sim {
+
+namespace {
+
+// Sizes in cell heights. Common monospace fonts advance by 0.6 of their size, which is to be half a
+// cell height, and reach less than a quarter of their size below the baseline.
+constexpr double kNarrowSize = 0.83;
+constexpr double kWideSize = 0.92;
+constexpr double kBaseline = 0.80;
+// The blank between two lines is shared by both.
+constexpr int kLeadingShare = 8;
+
+enum class Kind {
+  Narrow,  // glyphs of one character that each have a place of their own
+  Wide,
+  Joined,  // glyphs whose characters only make sense together
+};
+
+// Glyphs of one kind side by side.
+struct Run {
+  Kind kind;
+  int firstCell;
+  std::vector<Glyph> glyphs;
+};
+
+// Scripts that are written from right to left or whose letters change with their neighbours.
+bool isShaped(char32_t character) {
+  return (character >= 0x0590 && character < 0x10A0) ||
+         (character >= 0x1780 && character < 0x1AB0) ||
+         (character >= 0xFB1D && character < 0xFE00) || (character >= 0xFE70 && character < 0xFEFF);
+}
+
+Kind kindOf(const Glyph& glyph) {
+  std::string_view rest = glyph.text;
+  const char32_t character = takeCharacter(rest);
+  // Viewers do not agree on how many places characters beyond the first plane count for.
+  if (!rest.empty() || character > 0xFFFF || isShaped(character)) return Kind::Joined;
+  return glyph.cells == 2 ? Kind::Wide : Kind::Narrow;
+}
+
+bool continues(const Run& run, const Glyph& glyph, Kind kind) {
+  return run.kind == kind && (kind != Kind::Joined || run.glyphs.back().cells == glyph.cells);
+}
+
+std::vector<Run> runsOf(const std::string& text) {
+  std::vector<Run> runs;
+  int cell = 0;
+  for (const Glyph& glyph : glyphsOf(text)) {
+    const Kind kind = kindOf(glyph);
+    if (runs.empty() || !continues(runs.back(), glyph, kind)) runs.push_back({kind, cell, {}});
+    runs.back().glyphs.push_back(glyph);
+    cell += glyph.cells;
+  }
+  return runs;
+}
+
+bool isXmlCharacter(char32_t character) {
+  return (character >= 0x20 || character == '\t') && character != 0xFFFE && character != 0xFFFF;
+}
+
+// Characters that XML can not hold show up as ones that can not be read, which keeps the columns.
+std::string escaped(std::string_view text) {
+  std::string result;
+  while (!text.empty()) {
+    const char32_t character = takeCharacter(text);
+    switch (character) {
+      case '&':
+        result += "&amp;";
+        break;
+      case '<':
+        result += "&lt;";
+        break;
+      case '>':
+        result += "&gt;";
+        break;
+      case '"':
+        result += "&quot;";
+        break;
+      default:
+        appendUtf8(result, isXmlCharacter(character) ? character : kReplacementCharacter);
+    }
+  }
+  return result;
+}
+
+std::string attribute(const char* name, const std::string& value) {
+  return std::string(" ") + name + "=\"" + value + "\"";
+}
+
+// Writes the runs of one line.
+class LineWriter {
+ public:
+  LineWriter(const TextItem& item) : item_(item), cellWidth_(item.fontSize / 2.0) {}
+
+  std::string spanOf(const Run& run) const {
+    std::string text;
+    int cells = 0;
+    std::string places;
+    const bool isWide = run.glyphs.front().cells == 2;
+    const double size = item_.fontSize * (isWide ? kWideSize : kNarrowSize);
+    // Wide glyphs are somewhat smaller than their cells and stand in the middle.
+    const double margin = isWide ? (item_.fontSize - size) / 2 : 0;
+    for (const Glyph& glyph : run.glyphs) {
+      if (cells == 0 || run.kind != Kind::Joined) {
+        if (cells != 0) places += ' ';
+        places += svgNumber(placeOf(run.firstCell + cells) + margin);
+      }
+      text += escaped(glyph.text);
+      cells += glyph.cells;
+    }
+    std::string attributes = attribute("x", places) + attribute("font-size", svgNumber(size));
+    if (run.kind == Kind::Joined) {
+      attributes += attribute("textLength", svgNumber(cells * cellWidth_ - 2 * margin)) +
+                    attribute("lengthAdjust", "spacingAndGlyphs");
+    }
+    return "<tspan" + attributes + ">" + text + "</tspan>";
+  }
+
+ private:
+  double placeOf(int cell) const { return item_.indent + cell * cellWidth_; }
+
+  const TextItem& item_;
+  double cellWidth_;
+};
+
+}  // namespace
+
+std::string svgNumber(double value) {
+  constexpr long long kParts = 1000;
+  const long long parts = std::llround(value * kParts);
+  const long long size = std::abs(parts);
+  std::string number = (parts < 0 ? "-" : "") + std::to_string(size / kParts);
+  if (size % kParts == 0) return number;
+  std::string fraction = std::to_string(kParts + size % kParts).substr(1);
+  fraction.erase(fraction.find_last_not_of('0') + 1);
+  return number + "." + fraction;
+}
+
+std::string svgTextOf(const TextItem& item, int top) {
+  const double baseline = top + item.fontSize / kLeadingShare + item.fontSize * kBaseline;
+  const LineWriter writer(item);
+  std::string spans;
+  for (const Run& run : runsOf(item.text)) spans += writer.spanOf(run);
+  if (spans.empty()) return {};
+  return "<text" + attribute("y", svgNumber(baseline)) + attribute("xml:space", "preserve") + ">" +
+         spans + "</text>\n";
+}
+
+}  // namespace tolvex::sim
