@@ -15,9 +15,6 @@ namespace tolvex::sim {
 
 namespace {
 
-constexpr long long kMaxPixels = 16LL << 20U;
-constexpr std::uintmax_t kMaxFileSize = std::uintmax_t{64} << 20U;
-
 constexpr int kWhite = 255;
 constexpr int kMiddle = 128;
 // Lossy files leave specks of almost white around what is black.
@@ -72,7 +69,7 @@ std::optional<std::string> readFile(const std::filesystem::path& path) {
   // Neither folders nor devices, which never end.
   if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
   const std::uintmax_t size = std::filesystem::file_size(path, error);
-  if (error || size > kMaxFileSize) return std::nullopt;
+  if (error || size > static_cast<std::uintmax_t>(kMaxImageFile)) return std::nullopt;
   std::ifstream stream(path, std::ios::binary);
   std::string bytes(static_cast<std::size_t>(size), '\0');
   if (!stream.read(bytes.data(), static_cast<std::streamsize>(size))) return std::nullopt;
@@ -82,7 +79,7 @@ std::optional<std::string> readFile(const std::filesystem::path& path) {
 }  // namespace
 
 std::optional<Bitmap> decodeImage(std::string_view bytes) {
-  const auto image = decodeGrey(bytes, kMaxImageSide, kMaxPixels);
+  const auto image = decodeGrey(bytes, kMaxImageSide, kMaxImagePixels);
   if (!image) return std::nullopt;
   return Dithering(*image).run();
 }

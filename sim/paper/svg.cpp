@@ -41,6 +41,11 @@ const CutItem* cutAtEnd(const Paper& paper) {
   return cut != nullptr && cut->percent > 0 ? cut : nullptr;
 }
 
+// At its true size a dot is less than half a pixel of an ordinary screen: smoothing keeps thin
+// lines visible. Once dots are as large as pixels, they are to be sharp.
+constexpr char kStyle[] =
+    "<style>@media (min-resolution:2dppx){.dots{image-rendering:pixelated}}</style>\n";
+
 // Draws one paper. The origin is the upper left corner of the printable width, or of the first
 // label's.
 class Drawing {
@@ -64,6 +69,7 @@ class Drawing {
         number(width / kDotsPerMm) + "mm\" height=\"" + number(height / kDotsPerMm) +
         "mm\" viewBox=\"" + number(x) + " " + number(y) + " " + number(width) + " " +
         number(height) + "\">\n";
+    svg += kStyle;
     svg += rectangle(x, y, width, height, " fill=\"#e9e9e6\"");
     svg += sheet() + labels() + content() + cuts();
     return svg + "</svg>\n";
@@ -142,8 +148,8 @@ class Drawing {
                            ? labelRectangles(0, format_.printable, "")
                            : rectangle(0, top_, format_.printable, bottom() - top_, "");
     std::string svg = "<clipPath id=\"printable\">\n" + area + "</clipPath>\n";
-    svg += "<g clip-path=\"url(#printable)\" fill=\"#161616\" font-family=\"" +
-           std::string(kFonts) + "\" style=\"white-space:pre\">\n";
+    svg += "<g clip-path=\"url(#printable)\" fill=\"#000\" font-family=\"" + std::string(kFonts) +
+           "\" style=\"white-space:pre\">\n";
     for (std::size_t i = 0; i < paper_.items().size(); ++i) {
       const PaperItem& item = paper_.items()[i];
       if (const auto* text = std::get_if<TextItem>(&item))
@@ -159,8 +165,8 @@ class Drawing {
     if (bitmap.width() == 0 || bitmap.height() == 0) return {};
     return "<image x=\"" + number(item.indent) + "\" y=\"" + number(top) + "\" width=\"" +
            number(bitmap.width()) + "\" height=\"" + number(bitmap.height()) +
-           "\" style=\"image-rendering:pixelated\" xlink:href=\"data:image/png;base64," +
-           base64Of(encodePng(bitmap)) + "\"/>\n";
+           "\" class=\"dots\" xlink:href=\"data:image/png;base64," + base64Of(encodePng(bitmap)) +
+           "\"/>\n";
   }
 
   // Those before the end, from both sides towards a bridge in the middle.

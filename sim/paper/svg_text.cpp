@@ -53,6 +53,24 @@ bool continues(const Run& run, const Glyph& glyph, Kind kind) {
   return run.kind == kind && (kind != Kind::Joined || run.glyphs.back().cells == glyph.cells);
 }
 
+bool isBlank(const Run& run) {
+  return std::all_of(run.glyphs.begin(), run.glyphs.end(),
+                     [](const Glyph& glyph) { return glyph.text == " "; });
+}
+
+// Words of scripts that are written from right to left are put into their order together.
+void joinWords(std::vector<Run>& runs) {
+  if (runs.size() < 3) return;
+  Run& words = runs[runs.size() - 3];
+  const Run& gap = runs[runs.size() - 2];
+  const Run& word = runs.back();
+  if (words.kind != Kind::Joined || word.kind != Kind::Joined || !isBlank(gap)) return;
+  if (words.glyphs.front().cells != 1 || word.glyphs.front().cells != 1) return;
+  words.glyphs.insert(words.glyphs.end(), gap.glyphs.begin(), gap.glyphs.end());
+  words.glyphs.insert(words.glyphs.end(), word.glyphs.begin(), word.glyphs.end());
+  runs.erase(runs.end() - 2, runs.end());
+}
+
 std::vector<Run> runsOf(const std::string& text) {
   std::vector<Run> runs;
   int cell = 0;
@@ -60,6 +78,7 @@ std::vector<Run> runsOf(const std::string& text) {
     const Kind kind = kindOf(glyph);
     if (runs.empty() || !continues(runs.back(), glyph, kind)) runs.push_back({kind, cell, {}});
     runs.back().glyphs.push_back(glyph);
+    if (kind == Kind::Joined) joinWords(runs);
     cell += glyph.cells;
   }
   return runs;
