@@ -112,10 +112,11 @@ class Drawing {
     std::string edge;
     std::uint32_t seed = 1;
     bool isOut = true;
-    for (double x = right - kTooth; x > left; x -= kTooth, isOut = !isOut) {
+    const int teeth = static_cast<int>((right - left - 1) / kTooth);
+    for (int tooth = 1; tooth <= teeth; ++tooth, isOut = !isOut) {
       seed = seed * 1664525U + 1013904223U;
       const double depth = (seed >> 24U) / 64.0 + (isOut ? 3 : -6);
-      edge += "L" + number(x) + " " + number(bottom() + depth);
+      edge += "L" + number(right - tooth * kTooth) + " " + number(bottom() + depth);
     }
     return edge + "L" + number(left) + " " + number(bottom());
   }

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstddef>
+#include <cstdlib>
 #include <string_view>
 #include <vector>
 
@@ -19,7 +19,7 @@ constexpr double kNarrowSize = 0.83;
 constexpr double kWideSize = 0.92;
 constexpr double kBaseline = 0.80;
 // The blank between two lines is shared by both.
-constexpr int kLeadingShare = 8;
+constexpr double kLeadingAbove = 0.125;
 
 enum class Kind {
   Narrow,  // glyphs of one character that each have a place of their own
@@ -120,7 +120,7 @@ std::string attribute(const char* name, const std::string& value) {
 // Writes the runs of one line.
 class LineWriter {
  public:
-  LineWriter(const TextItem& item) : item_(item), cellWidth_(item.fontSize / 2.0) {}
+  explicit LineWriter(const TextItem& item) : item_(item), cellWidth_(item.fontSize / 2.0) {}
 
   std::string spanOf(const Run& run) const {
     std::string text;
@@ -167,7 +167,7 @@ std::string svgNumber(double value) {
 }
 
 std::string svgTextOf(const TextItem& item, int top) {
-  const double baseline = top + item.fontSize / kLeadingShare + item.fontSize * kBaseline;
+  const double baseline = top + item.fontSize * (kLeadingAbove + kBaseline);
   const LineWriter writer(item);
   std::string spans;
   for (const Run& run : runsOf(item.text)) spans += writer.spanOf(run);

@@ -194,6 +194,26 @@ TEST(DecodeImage, SurvivesDamagedFiles) {
   }
 }
 
+// A JPEG file with a table of so many codes, 255 to 510, before those that it uses.
+std::string jpegWithCodes(int count) {
+  std::string table(1, '\0');      // its name
+  table += std::string(14, '\0');  // no codes of up to 14 bits
+  table += '\xFF';                 // 255 of 15 bits
+  table += static_cast<char>(count - 255);
+  table += std::string(static_cast<std::size_t>(count), '\0');
+  const std::size_t size = table.size() + 2;
+  const std::string segment = std::string("\xFF\xC4") + static_cast<char>(size / 256) +
+                              static_cast<char>(size % 256) + table;
+  std::string file = jpegOf(plain(8, 8, 255));
+  return file.insert(file.find("\xFF\xC4"), segment);
+}
+
+TEST(DecodeImage, RefusesJpegWithMoreCodesThanATableHolds) {
+  EXPECT_TRUE(decodeImage(jpegWithCodes(256)));
+  EXPECT_FALSE(decodeImage(jpegWithCodes(257)));
+  EXPECT_FALSE(decodeImage(jpegWithCodes(510)));
+}
+
 TEST(DecodeImage, TakesPicturesUpToItsLimits) {
   EXPECT_TRUE(decodeImage(pngOf(plain(kMaxImageSide, 1, 255))));
   EXPECT_TRUE(decodeImage(pngOf(plain(1, kMaxImageSide, 255))));

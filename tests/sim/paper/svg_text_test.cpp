@@ -11,7 +11,7 @@ std::string line(const std::string& text, int indent = 0) {
 }
 
 std::string textElement(const std::string& spans) {
-  return "<text y=\"18\" xml:space=\"preserve\">" + spans + "</text>\n";
+  return "<text y=\"18.5\" xml:space=\"preserve\">" + spans + "</text>\n";
 }
 
 std::string narrow(const std::string& places, const std::string& text) {
@@ -45,12 +45,12 @@ TEST(SvgText, PutsEachGlyphIntoItsCell) {
 
 TEST(SvgText, StandsBelowItsTop) {
   EXPECT_EQ(svgTextOf(TextItem{"a", 20, 0}, 100),
-            "<text y=\"118\" xml:space=\"preserve\">" + narrow("0", "a") + "</text>\n");
+            "<text y=\"118.5\" xml:space=\"preserve\">" + narrow("0", "a") + "</text>\n");
 }
 
 TEST(SvgText, PlacesOddFontsOnHalfDots) {
   EXPECT_EQ(svgTextOf(TextItem{"abc", 25, 0}, 0),
-            "<text y=\"23\" xml:space=\"preserve\"><tspan x=\"0 12.5 25\" "
+            "<text y=\"23.125\" xml:space=\"preserve\"><tspan x=\"0 12.5 25\" "
             "font-size=\"20.75\">abc</tspan></text>\n");
 }
 
