@@ -4,7 +4,7 @@
 
 #include <limits>
 
-#include "dots.h"
+#include "samples.h"
 
 namespace tolvex::sim {
 namespace {

@@ -6,8 +6,8 @@
 #include <filesystem>
 #include <fstream>
 
-#include "dots.h"
 #include "paper/stb.h"
+#include "samples.h"
 
 namespace tolvex::sim {
 namespace {

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+#include "samples.h"
+
 namespace tolvex::sim {
 namespace {
 
@@ -15,12 +17,6 @@ const PaperFormat kRoll{464, 384};
 const PaperFormat kLabels{464, 384, 100, 20};
 
 using Tops = std::vector<int>;
-
-Paper paperOf(const PaperFormat& format, const std::vector<PaperItem>& items) {
-  Paper paper(format);
-  for (const PaperItem& item : items) paper.add(item);
-  return paper;
-}
 
 TextItem text(int fontSize) { return {"text", fontSize}; }
 ImageItem image(int height) { return {Bitmap(10, height)}; }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "paper/render.h"
+#include "samples.h"
 
 namespace tolvex::sim {
 namespace {
@@ -13,9 +14,7 @@ const PaperFormat kRoll{200, 120};
 const PaperFormat kLabels{200, 120, 120, 24};
 
 std::string textOf(const PaperFormat& format, const std::vector<PaperItem>& items) {
-  Paper paper(format);
-  for (const PaperItem& item : items) paper.add(item);
-  return plainTextOf(paper);
+  return plainTextOf(paperOf(format, items));
 }
 
 TEST(PlainText, IsEmptyForEmptyPaper) {

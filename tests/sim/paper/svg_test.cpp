@@ -5,10 +5,10 @@
 #include <vector>
 
 #include "base/base64.h"
-#include "dots.h"
 #include "paper/image_file.h"
 #include "paper/render.h"
 #include "paper/svg_text.h"
+#include "samples.h"
 
 namespace tolvex::sim {
 namespace {
@@ -17,9 +17,7 @@ const PaperFormat kRoll{464, 384};
 const PaperFormat kLabels{400, 320, 240, 24};
 
 std::string svg(const PaperFormat& format, const std::vector<PaperItem>& items) {
-  Paper paper(format);
-  for (const PaperItem& item : items) paper.add(item);
-  return svgOf(paper);
+  return svgOf(paperOf(format, items));
 }
 
 bool has(const std::string& text, const std::string& part) {

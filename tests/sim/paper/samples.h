@@ -1,15 +1,18 @@
-// Pictures as tests write them down.
+// Pictures and papers as tests write them down.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "paper/bitmap.h"
+#include "paper/paper.h"
 
 namespace tolvex::sim {
 
+using Rows = std::vector<std::string>;
+
 /// A picture from its rows, all of one length: '#' is a dark dot.
-inline Bitmap picture(const std::vector<std::string>& rows) {
+inline Bitmap picture(const Rows& rows) {
   Bitmap bitmap(static_cast<int>(rows.front().size()), static_cast<int>(rows.size()));
   for (int y = 0; y < bitmap.height(); ++y) {
     const std::string& row = rows[static_cast<std::size_t>(y)];
@@ -21,8 +24,8 @@ inline Bitmap picture(const std::vector<std::string>& rows) {
 }
 
 /// The rows of a picture, as picture() takes them.
-inline std::vector<std::string> rowsOf(const Bitmap& bitmap) {
-  std::vector<std::string> rows;
+inline Rows rowsOf(const Bitmap& bitmap) {
+  Rows rows;
   for (int y = 0; y < bitmap.height(); ++y) {
     std::string row;
     for (int x = 0; x < bitmap.width(); ++x) row += bitmap.isDark(x, y) ? '#' : '.';
@@ -31,6 +34,11 @@ inline std::vector<std::string> rowsOf(const Bitmap& bitmap) {
   return rows;
 }
 
-using Rows = std::vector<std::string>;
+/// A paper with these items.
+inline Paper paperOf(const PaperFormat& format, const std::vector<PaperItem>& items) {
+  Paper paper(format);
+  for (const PaperItem& item : items) paper.add(item);
+  return paper;
+}
 
 }  // namespace tolvex::sim
