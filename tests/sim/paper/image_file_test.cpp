@@ -158,6 +158,16 @@ TEST(DecodeImage, KeepsBlackAndWhiteCleanBesideShades) {
   }
 }
 
+TEST(DecodeImage, TakesAlmostBlackAndAlmostWhiteForPure) {
+  const auto darkDotsAt = [](unsigned char shade) {
+    return darkDotsOf(*decodeImage(pngOf(plain(64, 64, shade))));
+  };
+  EXPECT_EQ(darkDotsAt(16), 64 * 64);
+  EXPECT_LT(darkDotsAt(17), 64 * 64);
+  EXPECT_GT(darkDotsAt(238), 0);
+  EXPECT_EQ(darkDotsAt(239), 0);
+}
+
 TEST(DecodeImage, RefusesWhatIsNoPicture) {
   for (const std::string& file :
        {std::string(), std::string("B"), std::string("BM"), std::string("not a picture at all"),
