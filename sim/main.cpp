@@ -10,7 +10,8 @@ int main(int argc, char** argv) {
   try {
     tolvex::sim::platform::surviveClosedOutput();
     int exitCode = 0;
-    const auto options = tolvex::sim::parseOptions(argc, argv, exitCode);
+    const auto options =
+        tolvex::sim::parseOptions(tolvex::sim::platform::arguments(argc, argv), exitCode);
     return options ? tolvex::sim::runSimulator(*options) : exitCode;
   } catch (const std::exception& error) {
     std::cerr << "zelkad-sim: " << error.what() << std::endl;

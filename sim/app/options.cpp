@@ -1,7 +1,9 @@
 #include "app/options.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 #include "base/decimal.h"
 #include "base/ipv4.h"
@@ -15,13 +17,16 @@ namespace {
 constexpr double kLongestSettlingSeconds = 60;
 
 constexpr char kDescription[] =
-    "A stand-in for the local service zelkad: a scale that programs weigh on and that you load.";
+    "A stand-in for the local service zelkad: a scale that programs weigh on and that you load, "
+    "and "
+    "printers whose paper you can look at.";
 
 constexpr char kExamples[] =
     "Examples:\n"
     "  zelkad-sim                            an empty scale on the usual ports\n"
     "  zelkad-sim --load 0.482               482 g lie on the scale\n"
     "  zelkad-sim --console                  then type: load 1.250, status, help, quit\n"
+    "  zelkad-sim --paper-dir paper          each printed job becomes a picture and a text there\n"
     "  zelkad-sim --settling 0 --quiet       for automatic tests: every weight is stable at once\n"
     "  zelkad-sim --address 127.0.0.2        a second one beside the first\n"
     "  zelkad-sim --weighing-port 0 --printing-port 0   any free ports, printed at the start\n";
@@ -48,6 +53,10 @@ std::string checkSettling(const std::string& text) {
   return "\"" + text + "\" is no number of seconds from 0 to 60";
 }
 
+std::string checkPaperDir(const std::string& text) {
+  return text.empty() ? "the name of the folder is empty" : "";
+}
+
 void addOptions(CLI::App& app, Options& options, Raw& raw) {
   // The checks explain themselves in their messages, and need no name of their own in the help.
   const CLI::Validator anyPort = CLI::Range(0, 65535).description("");
@@ -70,8 +79,12 @@ void addOptions(CLI::App& app, Options& options, Raw& raw) {
                  "How long a load of 1 kg takes to become stable, default 1; 0 is at once")
       ->type_name("SECONDS")
       ->check(CLI::Validator(checkSettling, ""));
+  app.add_option("--paper-dir", options.paperDir,
+                 "Folder for the paper of finished jobs, as SVG pictures and as text")
+      ->type_name("DIR")
+      ->check(CLI::Validator(checkPaperDir, ""));
   app.add_flag("--console", options.console, "Read operator commands from standard input");
-  app.add_flag("--quiet", options.quiet, "Do not log the exchanges");
+  app.add_flag("--quiet", options.quiet, "Do not log exchanges and jobs");
   app.set_version_flag("--version", std::string("zelkad-sim ") + version());
   app.footer(kExamples);
 }
@@ -91,14 +104,15 @@ std::string explainFailure(const CLI::App*, const CLI::Error& error) {
 
 }  // namespace
 
-std::optional<Options> parseOptions(int argc, const char* const* argv, int& exitCode) {
+std::optional<Options> parseOptions(std::vector<std::string> arguments, int& exitCode) {
   CLI::App app(kDescription, "zelkad-sim");
   Options options;
   Raw raw;
   addOptions(app, options, raw);
   app.failure_message(explainFailure);
   try {
-    app.parse(argc, argv);
+    std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the back
+    app.parse(std::move(arguments));
     interpret(options, raw);
   } catch (const CLI::ParseError& error) {
     exitCode = app.exit(error) == 0 ? 0 : kUsageError;

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/clock.h"
 #include "devices/mass.h"
@@ -16,6 +17,7 @@ struct Options {
   std::uint16_t printingPort = 53265;  // 0: any free one
   Milligrams load = 0;
   Seconds settling{1};
+  std::string paperDir;  // UTF-8; empty: jobs are not kept as files
   bool console = false;
   bool quiet = false;
 };
@@ -23,9 +25,9 @@ struct Options {
 /// Exit status for a command line that can not be understood.
 constexpr int kUsageError = 2;
 
-/// Reads the command line. If the program is not to go on, because --help or --version was asked
-/// for or an option is wrong, prints what there is to say and gives nothing; `exitCode` is then the
-/// program's exit status, 0 or kUsageError.
-std::optional<Options> parseOptions(int argc, const char* const* argv, int& exitCode);
+/// Reads the command line: its words in UTF-8, without the program's name. If the program is not to
+/// go on, because --help or --version was asked for or an option is wrong, prints what there is to
+/// say and gives nothing; `exitCode` is then the program's exit status, 0 or kUsageError.
+std::optional<Options> parseOptions(std::vector<std::string> arguments, int& exitCode);
 
 }  // namespace tolvex::sim

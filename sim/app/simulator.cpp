@@ -2,13 +2,15 @@
 
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 
+#include "app/paper_files.h"
 #include "base/printable.h"
 #include "console/input_reader.h"
 #include "console/operator_console.h"
-#include "devices/scale.h"
+#include "devices/devices.h"
 #include "net/server.h"
 #include "protocol/service.h"
 
@@ -47,10 +49,10 @@ std::string advice(const ListenError& error) {
          otherPort + ".";
 }
 
-Scale makeScale(const Options& options) {
+ScaleConfig scaleConfig(const Options& options) {
   ScaleConfig config;
   setSettling(config, options.settling);
-  return Scale(config, options.load);
+  return config;
 }
 
 ServerEvents makeEvents(bool quiet) {
@@ -65,15 +67,41 @@ void openPort(Server& server, Half half, const std::string& address, std::uint16
   say(std::string(name(half)) + " on " + address + ":" + std::to_string(opened));
 }
 
+std::string describe(const Job& job) {
+  const int mm = (job.paper().length() + kDotsPerMm - 1) / kDotsPerMm;
+  return "job " + std::to_string(job.number()) + " on " + job.printer() + ", " +
+         std::to_string(mm) + " mm";
+}
+
+// Finished jobs are kept and announced, and again when the paper is fed or cut after that.
+class JobKeeper {
+ public:
+  explicit JobKeeper(const Options& options) : quiet_(options.quiet) {
+    if (!options.paperDir.empty()) files_.emplace(options.paperDir, warn);
+  }
+
+  void keep(const Job& job) {
+    if (!job.isFinished()) return;
+    const std::string file = files_ ? files_->save(job) : "";
+    if (!quiet_) say(describe(job) + (file.empty() ? "" : ": " + file));
+  }
+
+ private:
+  std::optional<PaperFiles> files_;
+  bool quiet_;
+};
+
 void serve(const Options& options) {
-  Scale scale = makeScale(options);
-  Service service(scale);
+  Devices devices(scaleConfig(options), options.load);
+  Service service(devices);
   Server server(service, makeEvents(options.quiet));
   server.stopOnSignals();
   openPort(server, Half::Weighing, options.address, options.weighingPort);
   openPort(server, Half::Printing, options.address, options.printingPort);
 
-  OperatorConsole console(scale, [&server] { server.stop(); });
+  JobKeeper keeper(options);
+  devices.printers.jobs().listen([&keeper](const Job& job) { keeper.keep(job); });
+  OperatorConsole console(devices, [&server] { server.stop(); });
   std::unique_ptr<InputReader> reader;
   if (options.console) {
     reader = std::make_unique<InputReader>([&](std::string line) {
@@ -85,6 +113,7 @@ void serve(const Options& options) {
   }
   say("ready");
   server.run();
+  devices.printers.endJobs();
 }
 
 }  // namespace

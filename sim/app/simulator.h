@@ -6,9 +6,9 @@
 namespace tolvex::sim {
 
 /// Opens the ports, says so, and serves until a signal or the operator ends it. Reports on standard
-/// output, one line each: the ports, "ready", the exchanges (unless quiet), operator answers,
-/// "stopped". Returns the exit status: 0 after an ordinary end, 1 with a message on standard error
-/// when a port can not be opened.
+/// output, one line each: the ports, "ready", exchanges and finished jobs (unless quiet), operator
+/// answers, "stopped". Returns the exit status: 0 after an ordinary end, 1 with a message on
+/// standard error when a port can not be opened.
 int runSimulator(const Options& options);
 
 }  // namespace tolvex::sim

@@ -9,20 +9,21 @@
 
 namespace tolvex::sim {
 
-class Scale;
+struct Devices;
 
-/// Carries out one line of operator input at a time. Not thread-safe; the scale must outlive it.
+/// Carries out one line of operator input at a time. Not thread-safe; the devices must outlive it.
 class OperatorConsole {
  public:
   /// `quit` is called by the command of that name.
-  OperatorConsole(Scale& scale, std::function<void()> quit);
+  OperatorConsole(Devices& devices, std::function<void()> quit);
 
-  /// Carries out one command and returns the answer, one line without its end: "ok ..." or
-  /// "error: ..." with what would have been right. An empty or blank line gives an empty answer.
+  /// Carries out one command and returns the answer without its last line end: "ok ..." or
+  /// "error: ..." with what would have been right. An answer of several lines says in its first one
+  /// how many more there are. An empty or blank line gives an empty answer.
   std::string execute(std::string_view line, TimePoint now);
 
  private:
-  Scale& scale_;
+  Devices& devices_;
   std::function<void()> quit_;
 };
 

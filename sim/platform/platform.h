@@ -4,9 +4,13 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace tolvex::sim::platform {
+
+/// The program's arguments in UTF-8, without its name, from what main() got.
+std::vector<std::string> arguments(int argc, const char* const* argv);
 
 /// Reads what is there of standard input, waiting for at least one byte. Returns the number of
 /// bytes, 0 at the end of the input or if there is none. Goes past the C library's streams: a

@@ -8,6 +8,11 @@
 
 namespace tolvex::sim::platform {
 
+// Names of files are bytes here, and go back to the system as they came.
+std::vector<std::string> arguments(int argc, const char* const* argv) {
+  return argc > 1 ? std::vector<std::string>(argv + 1, argv + argc) : std::vector<std::string>();
+}
+
 std::size_t readStandardInput(char* buffer, std::size_t capacity) {
   ssize_t count = 0;
   do {

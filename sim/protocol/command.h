@@ -12,12 +12,12 @@
 
 namespace tolvex::sim {
 
-class Scale;
+struct Devices;
 
 /// What a command works on. The references outlive the call.
 struct CommandContext {
   const Request& request;
-  Scale& scale;
+  Devices& devices;
   /// Log level of the half that the request came to, "1" to "7".
   std::string& logLevel;
   TimePoint now;

@@ -29,7 +29,8 @@ Reply Service::answer(Half half, std::string_view request, TimePoint now) {
   for (const std::string_view member : command->required) {
     if (parsed->find(member) == nullptr) return ResultCode::MissParam;
   }
-  return command->handle({*parsed, scale_, weighing ? weighingLogLevel_ : printingLogLevel_, now});
+  return command->handle(
+      {*parsed, devices_, weighing ? weighingLogLevel_ : printingLogLevel_, now});
 }
 
 }  // namespace tolvex::sim

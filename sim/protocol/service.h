@@ -10,13 +10,13 @@
 
 namespace tolvex::sim {
 
-class Scale;
+struct Devices;
 
 /// Answers the requests of both ports from the state of the devices. Knows no sockets and no
-/// clock. Not thread-safe; the scale must outlive it.
+/// clock. Not thread-safe; the devices must outlive it.
 class Service {
  public:
-  explicit Service(Scale& scale) : scale_(scale) {}
+  explicit Service(Devices& devices) : devices_(devices) {}
 
   /// The reply to one request that came to the port of `half`. In this order: JsonErr for text
   /// that is no JSON object, MissParam without "cmd", UnsupportWeightCmd or UnsupportPrintCmd for
@@ -25,7 +25,7 @@ class Service {
   Reply answer(Half half, std::string_view request, TimePoint now);
 
  private:
-  Scale& scale_;
+  Devices& devices_;
   std::string weighingLogLevel_ = "5";
   std::string printingLogLevel_ = "5";
 };

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "base/version.h"
-#include "devices/scale.h"
+#include "devices/devices.h"
 #include "protocol/command.h"
 #include "protocol/log_level_commands.h"
 
@@ -32,8 +32,9 @@ Reply getBaseInfo(const CommandContext& context) {
   if (majorVersion(context.request.text("VcoVersion")) != kClientMajorVersion) {
     return ResultCode::VersionIncompatible;
   }
-  if (context.scale.condition() == ResultCode::LcNotConnected) return ResultCode::LcNotConnected;
-  const ScaleConfig& config = context.scale.config();
+  if (context.devices.scale.condition() == ResultCode::LcNotConnected)
+    return ResultCode::LcNotConnected;
+  const ScaleConfig& config = context.devices.scale.config();
   Reply reply(ResultCode::Ok);
   addPerRange(reply, config, "maxRange", &WeighingRange::max);
   // The colon is part of the value: it separates the smallest load from the capacities.
@@ -60,19 +61,19 @@ const char* tareType(TareKind kind) {
 
 // A weight that is still moving is sent along with its code; of the other states there is none.
 Reply getWeight(const CommandContext& context) {
-  const Weight weight = context.scale.weigh(context.now);
+  const Weight weight = context.devices.scale.weigh(context.now);
   Reply reply(weight.result);
   if (weight.result != ResultCode::Ok && weight.result != ResultCode::WeightNotStable) return reply;
-  const int decimals = context.scale.config().decimals();
+  const int decimals = context.devices.scale.config().decimals();
   return reply.add("net", formatKilograms(weight.net, decimals))
       .add("tare", formatKilograms(weight.tare, decimals))
       .add("zero", weight.zero ? "1" : "0")
       .add("tareType", tareType(weight.tareKind))
       .add("highResNet", formatKilograms(weight.highResNet, decimals + 1))
-      .add("weightUnit", context.scale.config().unit);
+      .add("weightUnit", context.devices.scale.config().unit);
 }
 
-Reply setZero(const CommandContext& context) { return context.scale.setZero(context.now); }
+Reply setZero(const CommandContext& context) { return context.devices.scale.setZero(context.now); }
 
 // The tare commands confirm the tare that is now in force.
 Reply tareReply(ResultCode code, const Scale& scale) {
@@ -85,22 +86,22 @@ Reply setPreTare(const CommandContext& context) {
   const auto tare = parseKilograms(text);
   // "-0" is refused with the other negative numbers.
   if (!tare || text.front() == '-') return ResultCode::InvalidParam;
-  return tareReply(context.scale.presetTare(*tare), context.scale);
+  return tareReply(context.devices.scale.presetTare(*tare), context.devices.scale);
 }
 
 Reply setTareByKey(const CommandContext& context) {
-  return tareReply(context.scale.tareByKey(context.now), context.scale);
+  return tareReply(context.devices.scale.tareByKey(context.now), context.devices.scale);
 }
 
 Reply clearTare(const CommandContext& context) {
-  return tareReply(context.scale.clearTare(), context.scale);
+  return tareReply(context.devices.scale.clearTare(), context.devices.scale);
 }
 
 Reply getVersion(const CommandContext&) { return Reply(ResultCode::Ok).add("version", version()); }
 
 // Says whether the service reaches the scale; a fault of the scale itself is no matter here.
 Reply checkConnection(const CommandContext& context) {
-  return context.scale.isPluggedIn() ? ResultCode::Ok : ResultCode::LcNotConnected;
+  return context.devices.scale.isPluggedIn() ? ResultCode::Ok : ResultCode::LcNotConnected;
 }
 
 Reply getLevel(const CommandContext& context) { return getLogLevel(context, kModule); }

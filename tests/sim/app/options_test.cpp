@@ -14,20 +14,18 @@ struct Parsed {
   std::string err;
 };
 
-Parsed parse(std::vector<const char*> arguments) {
-  arguments.insert(arguments.begin(), "zelkad-sim");
+Parsed parse(std::vector<std::string> arguments) {
   Parsed parsed;
   testing::internal::CaptureStdout();
   testing::internal::CaptureStderr();
-  parsed.options =
-      parseOptions(static_cast<int>(arguments.size()), arguments.data(), parsed.exitCode);
+  parsed.options = parseOptions(std::move(arguments), parsed.exitCode);
   parsed.out = testing::internal::GetCapturedStdout();
   parsed.err = testing::internal::GetCapturedStderr();
   return parsed;
 }
 
 // The message that refuses the arguments, without the pointer to the help that follows it.
-std::string refusalOf(std::vector<const char*> arguments) {
+std::string refusalOf(std::vector<std::string> arguments) {
   const Parsed parsed = parse(std::move(arguments));
   EXPECT_FALSE(parsed.options);
   EXPECT_EQ(parsed.exitCode, kUsageError);
@@ -44,12 +42,13 @@ TEST(SimOptions, HaveDefaults) {
   EXPECT_EQ(options->settling, Seconds(1));
   EXPECT_FALSE(options->console);
   EXPECT_FALSE(options->quiet);
+  EXPECT_EQ(options->paperDir, "");
 }
 
 TEST(SimOptions, AreTakenOver) {
   const auto options =
       parse({"--address", "127.0.0.9", "--weighing-port", "0", "--printing-port", "65535", "--load",
-             "-0.482", "--settling", "0.5", "--console", "--quiet"})
+             "-0.482", "--settling", "0.5", "--console", "--quiet", "--paper-dir", "Bons/Käse"})
           .options;
   ASSERT_TRUE(options);
   EXPECT_EQ(options->address, "127.0.0.9");
@@ -59,6 +58,7 @@ TEST(SimOptions, AreTakenOver) {
   EXPECT_EQ(options->settling, Seconds(0.5));
   EXPECT_TRUE(options->console);
   EXPECT_TRUE(options->quiet);
+  EXPECT_EQ(options->paperDir, "Bons/Käse");
 }
 
 TEST(SimOptions, BothPortsMayBeAnyFreeOne) {
@@ -78,6 +78,8 @@ TEST(SimOptions, WrongValuesAreRefusedByName) {
             "zelkad-sim: --load: \"1001\" is no number of kilograms from -1000 to 1000");
   EXPECT_EQ(refusalOf({"--settling", "-1"}),
             "zelkad-sim: --settling: \"-1\" is no number of seconds from 0 to 60");
+  EXPECT_EQ(refusalOf({"--paper-dir", ""}),
+            "zelkad-sim: --paper-dir: the name of the folder is empty");
   EXPECT_EQ(refusalOf({"--weighing-port", "7", "--printing-port", "7"}),
             "zelkad-sim: --weighing-port and --printing-port: must differ");
 }
@@ -90,8 +92,9 @@ TEST(SimOptions, HelpShowsEveryOptionAndExamples) {
   const Parsed parsed = parse({"--help"});
   EXPECT_FALSE(parsed.options);
   EXPECT_EQ(parsed.exitCode, 0);
-  for (const char* text : {"--address", "--weighing-port", "--printing-port", "--load",
-                           "--settling", "--console", "--quiet", "--version", "Examples:"}) {
+  for (const char* text :
+       {"--address", "--weighing-port", "--printing-port", "--load", "--settling", "--paper-dir",
+        "--console", "--quiet", "--version", "Examples:"}) {
     EXPECT_NE(parsed.out.find(text), std::string::npos) << text;
   }
 }

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include "devices/scale.h"
+#include "devices/devices.h"
 
 namespace tolvex::sim {
 namespace {
 
-constexpr char kCommands[] = "load KG, empty, invalid on|off, unplug, plug, status, help, quit";
+constexpr char kCommands[] =
+    "load KG, empty, invalid on|off, unplug, plug, status, fault NAME on|off [PRINTER], printers, "
+    "settings [PRINTER], paper [PRINTER], drawer [close], help, quit";
 
 class OperatorConsoleTest : public ::testing::Test {
  protected:
@@ -15,9 +17,10 @@ class OperatorConsoleTest : public ::testing::Test {
   void pass(int seconds) { now_ += std::chrono::seconds(seconds); }
 
   TimePoint now_{std::chrono::hours(1)};
-  Scale scale_{ScaleConfig()};
+  Devices devices_;
+  Scale& scale_{devices_.scale};
   bool quit_ = false;
-  OperatorConsole console_{scale_, [this] { quit_ = true; }};
+  OperatorConsole console_{devices_, [this] { quit_ = true; }};
 };
 
 TEST_F(OperatorConsoleTest, LoadPutsALoadOnTheScale) {

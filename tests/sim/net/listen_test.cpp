@@ -4,7 +4,7 @@
 #include <optional>
 #include <thread>
 
-#include "devices/scale.h"
+#include "devices/devices.h"
 #include "net/server.h"
 #include "protocol/service.h"
 #include "test_client.h"
@@ -26,8 +26,8 @@ class ListenTest : public ::testing::Test {
     throw std::logic_error("the port was opened");
   }
 
-  Scale scale_{ScaleConfig()};
-  Service service_{scale_};
+  Devices devices_;
+  Service service_{devices_};
 };
 
 TEST_F(ListenTest, APortOfAnotherServerIsRefused) {

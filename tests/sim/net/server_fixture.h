@@ -9,7 +9,7 @@
 #include <thread>
 #include <vector>
 
-#include "devices/scale.h"
+#include "devices/devices.h"
 #include "net/server.h"
 #include "protocol/service.h"
 
@@ -36,8 +36,8 @@ class ServerFixture : public ::testing::Test {
     return result.get();
   }
 
-  Scale scale_{ScaleConfig()};
-  Service service_{scale_};
+  Devices devices_;
+  Service service_{devices_};
   /// Written by the server's thread; to be read through onServer().
   std::vector<std::string> exchanges_;
   std::promise<std::string> firstTrouble_;

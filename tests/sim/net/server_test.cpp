@@ -29,13 +29,13 @@ TEST_F(ServerTest, EachPortServesItsHalf) {
   EXPECT_EQ(printing.ask(kLevel), kLevelReply);
   EXPECT_EQ(weighing.ask(R"({"cmd":"setOverloadAlarm","enable":"1"})"), R"({"result":"1002"})");
   EXPECT_EQ(printing.ask(R"({"cmd":"setOverloadAlarm","enable":"1"})"), kOk);
-  EXPECT_TRUE(onServer([this] { return scale_.overloadAlarm(); }));
+  EXPECT_TRUE(onServer([this] { return devices_.scale.overloadAlarm(); }));
 }
 
 TEST_F(ServerTest, APostedChangeIsSeenByTheNextRequest) {
   TestClient client(weighingPort_);
   EXPECT_EQ(client.ask(kCheck), kOk);
-  onServer([this] { scale_.unplug(); });
+  onServer([this] { devices_.scale.unplug(); });
   EXPECT_EQ(client.ask(kCheck), R"({"result":"1007"})");
 }
 

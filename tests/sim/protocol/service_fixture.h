@@ -1,4 +1,4 @@
-// A service with a scale behind it, whose time the test moves.
+// A service with its devices behind it, whose time the test moves.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "devices/scale.h"
+#include "devices/devices.h"
 #include "protocol/service.h"
 
 namespace tolvex::sim {
@@ -30,8 +30,9 @@ class ServiceFixture : public ::testing::Test {
   }
 
   TimePoint now_{std::chrono::hours(1)};
-  Scale scale_{ScaleConfig()};
-  Service service_{scale_};
+  Devices devices_;
+  Scale& scale_{devices_.scale};
+  Service service_{devices_};
 };
 
 }  // namespace tolvex::sim

@@ -62,8 +62,8 @@ TEST_F(ServiceTest, RepliesFitTheBuffersOfClients) {
   config.ranges = {
       {kilograms(999'999.99998), 10}, {kilograms(999'999.99999), 10}, {kilograms(1'000'000), 10}};
   config.maxTare = config.maxPreTare = config.minRange = config.max();
-  Scale scale(config, Scale::kMaxLoad);
-  Service service(scale);
+  Devices devices(config, Scale::kMaxLoad);
+  Service service(devices);
   for (const char* request :
        {R"({"cmd":"getbaseinfo","VcoVersion":"3"})", R"({"cmd":"getweight"})"}) {
     const std::string reply = service.answer(Half::Weighing, request, now_).json();

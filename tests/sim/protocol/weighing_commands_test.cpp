@@ -18,8 +18,8 @@ TEST_F(WeighingCommands, GetBaseInfoHasZerosForRangesThatTheScaleHasNot) {
   ScaleConfig config;
   config.ranges = {{kilograms(30), kilograms(0.01)}};
   config.unit = "lb";
-  Scale scale(config);
-  EXPECT_EQ(Service(scale)
+  Devices devices(config);
+  EXPECT_EQ(Service(devices)
                 .answer(Half::Weighing, R"({"cmd":"getbaseinfo","VcoVersion":"3"})", now_)
                 .json(),
             R"({"result":"0","maxRange1":"30","maxRange2":"0","maxRange3":"0","minRange":":0.02",)"
@@ -79,8 +79,8 @@ TEST_F(WeighingCommands, GetWeightWithoutAWeightIsTheCodeAlone) {
 TEST_F(WeighingCommands, GetWeightFollowsTheDecimalsOfTheScale) {
   ScaleConfig config;
   config.ranges = {{kilograms(150), kilograms(0.05)}};
-  Scale scale(config, kilograms(20.125));
-  EXPECT_EQ(Service(scale).answer(Half::Weighing, R"({"cmd":"getweight"})", now_).json(),
+  Devices devices(config, kilograms(20.125));
+  EXPECT_EQ(Service(devices).answer(Half::Weighing, R"({"cmd":"getweight"})", now_).json(),
             R"({"result":"0","net":"20.15","tare":"0.00","zero":"0","tareType":"N",)"
             R"("highResNet":"20.125","weightUnit":"kg"})");
 }

@@ -1,0 +1,32 @@
+// Finished jobs as files.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "devices/job.h"
+
+namespace tolvex::sim {
+
+/// Keeps the paper of each job in a folder, as a picture and as text: job-0001-Ticket.svg and
+/// job-0001-Ticket.txt. A file appears whole or not at all, also where an older one is replaced.
+/// Not thread-safe.
+class PaperFiles {
+ public:
+  /// `directory` is UTF-8 and is created with its parents. Failures of all kinds go to `warn`, one
+  /// line of text each, and only the first one until a job is saved again.
+  PaperFiles(std::string directory, std::function<void(const std::string& text)> warn);
+
+  /// Writes the files of a job. Returns the path of the picture, empty if anything failed.
+  std::string save(const Job& job);
+
+ private:
+  bool createDirectory();
+  void fail(const std::string& what);
+
+  std::string directory_;
+  std::function<void(const std::string&)> warn_;
+  bool failing_ = false;
+};
+
+}  // namespace tolvex::sim

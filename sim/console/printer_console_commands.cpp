@@ -1,0 +1,128 @@
+// What the operator can do to the printers and the drawer, and see of them.
+#include <algorithm>
+#include <sstream>
+
+#include "base/printable.h"
+#include "console/console_command.h"
+#include "paper/render.h"
+
+namespace tolvex::sim {
+
+namespace {
+
+// More than the widest line in the smallest font.
+constexpr std::size_t kMaxLineBytes = 2048;
+
+std::string unknownPrinter(const ConsoleContext& context, const std::string& name) {
+  std::string list;
+  for (const Printer& printer : context.devices.printers.all()) {
+    list += (list.empty() ? "" : ", ") + printer.name();
+  }
+  return "error: unknown printer \"" + printable(name, kMaxEchoBytes) +
+         "\"; the printers are: " + list;
+}
+
+// The printer that the argument at `index` names, or the default one without it.
+Printer* printerAt(const ConsoleContext& context, const ConsoleArguments& arguments,
+                   std::size_t index) {
+  Printers& printers = context.devices.printers;
+  return arguments.size() > index ? printers.findName(arguments[index])
+                                  : &printers.defaultPrinter();
+}
+
+std::string fault(const ConsoleContext& context, const ConsoleArguments& arguments) {
+  const std::string& name = arguments[0];
+  const std::string& state = arguments[1];
+  const auto& faults = printerFaults();
+  const auto row = std::find_if(faults.begin(), faults.end(),
+                                [&](const PrinterFaultRow& r) { return r.name == name; });
+  if (row == faults.end()) {
+    std::string list;
+    for (const PrinterFaultRow& known : faults)
+      list += (list.empty() ? "" : ", ") + std::string(known.name);
+    return "error: unknown fault \"" + printable(name, kMaxEchoBytes) +
+           "\"; the faults are: " + list;
+  }
+  if (state != "on" && state != "off") {
+    return "error: fault needs on or off, as in: fault out-of-paper on";
+  }
+  Printer* printer = printerAt(context, arguments, 2);
+  if (printer == nullptr) return unknownPrinter(context, arguments[2]);
+  printer->setFault(row->fault, state == "on");
+  return "ok " + printer->name() + " " + name + " " + state + ", state " +
+         toText(printer->status()) + " " + message(printer->status());
+}
+
+std::string describe(const Printer& printer) {
+  std::ostringstream line;
+  line << printer.name() << ", type " << printer.type() << ", state " << toText(printer.status())
+       << " " << message(printer.status()) << ", prints " << printer.printable() << " dots";
+  if (printer.hasLabels()) line << (printer.knowsLabelGap() ? ", label gap known" : "");
+  if (printer.knowsPaperEnd()) line << ", paper end known";
+  if (printer.job() != nullptr) {
+    line << ", job " << printer.job()->number()
+         << (printer.job()->isFinished() ? " finished" : " printing");
+  }
+  return line.str();
+}
+
+std::string printers(const ConsoleContext& context, const ConsoleArguments&) {
+  const auto& all = context.devices.printers.all();
+  std::string answer = "ok printers, " + std::to_string(all.size()) + " lines";
+  for (const Printer& printer : all) answer += "\n" + describe(printer);
+  return answer;
+}
+
+std::string settings(const ConsoleContext& context, const ConsoleArguments& arguments) {
+  const Printer* printer = printerAt(context, arguments, 0);
+  if (printer == nullptr) return unknownPrinter(context, arguments[0]);
+  std::string answer = "ok " + printer->name();
+  for (const SettingRow& row : printerSettings()) {
+    answer += std::string(", ") + row.name + " " + std::to_string(printer->settings()[row.setting]);
+  }
+  return answer;
+}
+
+std::string paper(const ConsoleContext& context, const ConsoleArguments& arguments) {
+  const Printers& printers = context.devices.printers;
+  const std::string name = arguments.empty() ? "" : arguments[0];
+  if (!name.empty() && context.devices.printers.findName(name) == nullptr) {
+    return unknownPrinter(context, name);
+  }
+  const auto job = printers.jobs().newest(name);
+  if (job == nullptr) return "ok nothing has been printed" + (name.empty() ? "" : " on " + name);
+  std::istringstream text(plainTextOf(job->paper()));
+  std::string lines;
+  std::size_t count = 0;
+  for (std::string line; std::getline(text, line); ++count) {
+    lines += "\n" + printable(line, kMaxLineBytes);
+  }
+  return "ok job " + std::to_string(job->number()) + " on " + job->printer() +
+         (job->isFinished() ? ", " : ", still printing, ") + std::to_string(count) +
+         (count == 1 ? " line" : " lines") + lines;
+}
+
+std::string drawer(const ConsoleContext& context, const ConsoleArguments& arguments) {
+  CashDrawer& drawer = context.devices.drawer;
+  if (!arguments.empty()) {
+    if (arguments[0] != "close") return "error: drawer can only be told to close: drawer close";
+    drawer.close();
+  }
+  return std::string("ok drawer ") + (drawer.isOpen() ? "open" : "closed") + ", openings " +
+         std::to_string(drawer.openings());
+}
+
+}  // namespace
+
+const ConsoleTable& printerConsoleCommands() {
+  static const ConsoleTable table = {
+      {"fault", "NAME on|off [PRINTER]", 2, 3, fault},
+      {"printers", "", 0, 0, printers},
+      {"settings", "[PRINTER]", 0, 1, settings},
+      {"paper", "[PRINTER]", 0, 1, paper},
+      {"drawer", "[close]", 0, 1, drawer},
+  };
+  return table;
+}
+
+}  // namespace tolvex::sim

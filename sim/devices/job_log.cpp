@@ -1,0 +1,40 @@
+#include "devices/job_log.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace tolvex::sim {
+
+void JobLog::add(std::shared_ptr<const Job> job) {
+  lastNumber_ = job->number();
+  jobs_.push_back(std::move(job));
+  forgetOldest();
+  changed(*jobs_.back());
+}
+
+void JobLog::changed(const Job& job) {
+  if (listener_) listener_(job);
+}
+
+std::shared_ptr<const Job> JobLog::newest(std::string_view printer) const {
+  const auto found = std::find_if(jobs_.rbegin(), jobs_.rend(), [printer](const auto& job) {
+    return printer.empty() || job->printer() == printer;
+  });
+  return found == jobs_.rend() ? nullptr : *found;
+}
+
+// From the newest back, the jobs are kept as long as they fit. An old one that a printer still
+// works on lives on in the printer.
+void JobLog::forgetOldest() {
+  std::size_t kept = 1;
+  std::size_t bytes = 0;
+  for (auto job = std::next(jobs_.rbegin()); job != jobs_.rend() && kept < kMaxJobs; ++job) {
+    bytes += (*job)->bytes();
+    if (bytes > kMaxBytes) break;
+    ++kept;
+  }
+  jobs_.erase(jobs_.begin(), jobs_.end() - static_cast<std::ptrdiff_t>(kept));
+}
+
+}  // namespace tolvex::sim
