@@ -13,13 +13,6 @@ namespace {
 constexpr int kGapBetweenLabels = 1;
 constexpr int kWholeWidthPercent = 100;
 
-std::string_view withoutLastLineEnd(std::string_view text) {
-  for (const char end : {'\n', '\r'}) {
-    if (!text.empty() && text.back() == end) text.remove_suffix(1);
-  }
-  return text;
-}
-
 }  // namespace
 
 Printer::Printer(PrinterModel model, JobLog& log) : model_(std::move(model)), log_(log) {
@@ -46,7 +39,7 @@ ResultCode Printer::set(Setting setting, int value) {
   const PrinterSettings before = settings_;
   const bool inBounds = settings_.set(setting, value) &&
                         settings_[Setting::PaperWidth] <= model_.format.width &&
-                        textWidth() >= kNarrowestText;
+                        textWidthOn(printable()) >= kNarrowestText && textWidth() >= kNarrowestText;
   if (inBounds) return ResultCode::Ok;
   settings_ = before;
   return ResultCode::InvalidParam;
@@ -56,11 +49,13 @@ int Printer::printable() const {
   return std::min(settings_[Setting::PaperWidth], model_.format.printable);
 }
 
-// Margins take effect at once, the paper width with the next job; so they have to go with both.
+// Margins take effect at once, the paper width with the next job.
 int Printer::textWidth() const {
-  const int width =
-      isPrinting() ? std::min(printable(), job_->paper().format().printable) : printable();
-  return width - settings_[Setting::LeftMargin] - settings_[Setting::RightMargin];
+  return textWidthOn(isPrinting() ? job_->paper().format().printable : printable());
+}
+
+int Printer::textWidthOn(int printable) const {
+  return printable - settings_[Setting::LeftMargin] - settings_[Setting::RightMargin];
 }
 
 ResultCode Printer::printText(std::string_view text, int fontSize, int width) {
@@ -70,8 +65,8 @@ ResultCode Printer::printText(std::string_view text, int fontSize, int width) {
   const int lineWidth = width == 0 ? textWidth() : std::min(width, textWidth());
   const bool wraps = settings_[Setting::TextWrapMode] != 0;
   std::vector<PaperItem> items;
-  for (std::string& line : linesOf(withoutLastLineEnd(text), fontSize, lineWidth,
-                                   wraps ? Overflow::Wrap : Overflow::Cut)) {
+  for (std::string& line :
+       linesOf(text, fontSize, lineWidth, wraps ? Overflow::Wrap : Overflow::Cut)) {
     items.emplace_back(TextItem{std::move(line), fontSize, settings_[Setting::LeftMargin]});
   }
   return print(std::move(items));
@@ -122,7 +117,7 @@ ResultCode Printer::feed(int mm) {
   const int dots = mm * kDotsPerMm;
   if (job_) return put({FeedItem{dots}});
   if (const ResultCode code = status(); code != ResultCode::Ok) return code;
-  if (fed_ + dots > Job::kMaxLength) return ResultCode::TooMuchToPrint;
+  if (fed_ + dots > kMaxItemHeight) return ResultCode::TooMuchToPrint;
   fed_ += dots;
   return ResultCode::Ok;
 }

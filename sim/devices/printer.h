@@ -23,9 +23,9 @@ struct PrinterModel {
 
 /// A thermal printer of 203 dpi. Not thread-safe; the log must outlive it.
 ///
-/// Everything that moves paper answers Ok, or InvalidParam for a value out of its bounds, or the
-/// code of the fault that keeps the printer from it, in this order; TooMuchToPrint when the paper
-/// would become longer than a job may be. Refused, it leaves no trace on the paper.
+/// Everything that moves paper answers Ok or the first reason against it: InvalidParam for a value
+/// out of its bounds, the code of the gravest fault, TooMuchToPrint when the paper would become
+/// longer than a job may be. Refused, it leaves no trace on the paper.
 class Printer {
  public:
   static constexpr int kSmallestFont = 8;
@@ -55,7 +55,7 @@ class Printer {
 
   /// Prints UTF-8 text between the margins, at most `width` dots wide (0: no further limit).
   /// Longer lines are wrapped or cut as the text wrap mode says. A line end at the very end of the
-  /// text is left out, since every text stands on lines of its own.
+  /// text begins no further line, since every text stands on lines of its own.
   ResultCode printText(std::string_view text, int fontSize, int width = 0);
 
   /// Prints a picture at the left margin, cut at the right one.
@@ -65,7 +65,7 @@ class Printer {
   ResultCode finishJob();
 
   /// Moves the paper on by 1 to kLongestFeedMm. It belongs to the job that was printed last, or, on
-  /// fresh paper, to the next one.
+  /// fresh paper, of which there can be 10 m, to the next one.
   ResultCode feed(int mm);
 
   /// Cuts through 1 to 100 percent of the paper. Finishes the job that the paper belongs to; what
@@ -89,6 +89,7 @@ class Printer {
  private:
   bool isPrinting() const { return job_ && !job_->isFinished(); }
   int textWidth() const;
+  int textWidthOn(int printable) const;
   ResultCode print(std::vector<PaperItem> items);
   ResultCode put(std::vector<PaperItem> items);
 

@@ -1,0 +1,100 @@
+// What is kept of the jobs, whatever clients send.
+#include "devices/job_log.h"
+
+#include "printer_fixture.h"
+
+namespace tolvex::sim {
+namespace {
+
+class JobLogTest : public PrinterFixture {
+ protected:
+  std::size_t bytesKept() const {
+    std::size_t bytes = 0;
+    for (const auto& job : printers_.jobs().jobs()) bytes += job->bytes();
+    return bytes;
+  }
+};
+
+TEST_F(JobLogTest, KeepsTheLatestJobs) {
+  constexpr int kJobs = 1'000'000;
+  for (int i = 1; i <= kJobs; ++i) {
+    ASSERT_EQ(ticket_.printText("x", 24), ResultCode::Ok);
+    ASSERT_EQ(ticket_.finishJob(), ResultCode::Ok);
+  }
+  EXPECT_EQ(jobs(), JobLog::kMaxJobs);
+  EXPECT_EQ(printers_.jobs().jobs().front()->number(), kJobs - 199);
+  EXPECT_EQ(printers_.jobs().jobs().back()->number(), kJobs);
+}
+
+TEST_F(JobLogTest, KeepsSoMuchPaper) {
+  for (int i = 0; i < 300; ++i) {
+    ticket_.printImage(Bitmap(576, 8000));
+    ticket_.printImage(Bitmap(576, 8000));
+    ticket_.finishJob();
+  }
+  EXPECT_LT(jobs(), JobLog::kMaxJobs);
+  EXPECT_GT(jobs(), 1U);
+  EXPECT_LE(bytesKept(), JobLog::kMaxBytes + Job::kMaxBytes);
+}
+
+TEST_F(JobLogTest, AForgottenJobIsStillTheOneThatItsPrinterCuts) {
+  ticket_.printText("old", 24);
+  ticket_.finishJob();
+  for (std::size_t i = 0; i < JobLog::kMaxJobs; ++i) {
+    label_.printText("x", 24);
+    label_.finishJob();
+  }
+  EXPECT_EQ(paperOf(1), Items{});
+  Items told;
+  printers_.jobs().listen([&](const Job& job) { told = itemsOf(job.paper()); });
+  EXPECT_EQ(ticket_.cut(70), ResultCode::Ok);
+  EXPECT_EQ(told, (Items{"\"old\"@24", "cut 70"}));
+}
+
+TEST_F(JobLogTest, AJobOnlyGrowsSoLong) {
+  const std::string megabyte(std::size_t{1} << 20U, 'x');
+  EXPECT_EQ(ticket_.printText(megabyte, 24), ResultCode::TooMuchToPrint);
+  EXPECT_EQ(ticket_.printText(std::string(megabyte.size(), '\n'), 8), ResultCode::TooMuchToPrint);
+  EXPECT_EQ(jobs(), 0U);
+  for (int i = 0; i < 10; ++i) ASSERT_EQ(ticket_.feed(1000), ResultCode::Ok);
+  ASSERT_EQ(ticket_.printText("x", 24), ResultCode::Ok);
+  for (int i = 0; i < 9; ++i) ASSERT_EQ(ticket_.feed(1000), ResultCode::Ok);
+  EXPECT_EQ(ticket_.feed(1000), ResultCode::TooMuchToPrint);
+  EXPECT_EQ(ticket_.feed(996), ResultCode::Ok);
+  EXPECT_EQ(ticket_.printText("x", 24), ResultCode::TooMuchToPrint);
+  EXPECT_EQ(ticket_.printImage(Bitmap(1, 3)), ResultCode::TooMuchToPrint);
+  EXPECT_EQ(ticket_.printImage(Bitmap(1, 2)), ResultCode::Ok);
+  EXPECT_EQ(ticket_.job()->paper().length(), Job::kMaxLength);
+  // It can still be finished, and another one begun.
+  EXPECT_EQ(ticket_.finishJob(), ResultCode::Ok);
+  EXPECT_EQ(ticket_.feed(1), ResultCode::TooMuchToPrint);
+  EXPECT_EQ(ticket_.printText("y", 24), ResultCode::Ok);
+  EXPECT_EQ(paperOf(2), (Items{"\"y\"@24"}));
+}
+
+TEST_F(JobLogTest, FreshPaperIsOnlyFedSoFar) {
+  for (int i = 0; i < 10; ++i) ASSERT_EQ(ticket_.feed(1000), ResultCode::Ok);
+  EXPECT_EQ(ticket_.feed(1), ResultCode::TooMuchToPrint);
+  EXPECT_EQ(ticket_.cut(70), ResultCode::Ok);
+  EXPECT_EQ(ticket_.printText("x", 24), ResultCode::Ok);
+  EXPECT_EQ(paperOf(1), (Items{"\"x\"@24"}));
+}
+
+TEST_F(JobLogTest, AJobOnlyTakesSoMuchMemory) {
+  // Marks above one letter: a line of a megabyte that is short on the paper.
+  std::string marks = "x";
+  while (marks.size() < (std::size_t{1} << 20U)) marks += "\xCC\x81";
+  ResultCode code = ResultCode::Ok;
+  int prints = 0;
+  while (code == ResultCode::Ok && prints < 100) {
+    code = ticket_.printText(marks, 24);
+    ++prints;
+  }
+  EXPECT_EQ(code, ResultCode::TooMuchToPrint);
+  EXPECT_EQ(prints, 16);
+  EXPECT_LE(ticket_.job()->bytes(), Job::kMaxBytes);
+  EXPECT_EQ(ticket_.cut(70), ResultCode::Ok);
+}
+
+}  // namespace
+}  // namespace tolvex::sim
