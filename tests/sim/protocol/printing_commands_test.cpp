@@ -1,10 +1,10 @@
 // The commands of the printing port, with whole replies.
-#include "service_fixture.h"
+#include "printer_commands_fixture.h"
 
 namespace tolvex::sim {
 namespace {
 
-class PrintingCommands : public ServiceFixture {};
+class PrintingCommands : public PrinterCommandsFixture {};
 
 TEST_F(PrintingCommands, SetOverloadAlarmReachesTheScale) {
   EXPECT_EQ(printing(R"({"cmd":"setOverloadAlarm","enable":"1"})"), R"({"result":"0"})");
@@ -37,6 +37,46 @@ TEST_F(PrintingCommands, LogLevelChecksItsValues) {
   EXPECT_EQ(printing(R"({"cmd":"setloglevel","module":"loadcell","level":"3"})"),
             R"({"result":"2"})");
   EXPECT_EQ(printing(R"({"cmd":"setloglevel","module":"print","level":"9"})"), R"({"result":"2"})");
+}
+
+TEST_F(PrintingCommands, GetPrinterListNamesThePrintersThatAreThere) {
+  EXPECT_EQ(printing(R"({"cmd":"getPrinterList"})"),
+            R"({"result":"0","PrinterList":"Label,Ticket,Third"})");
+  devices_.printers.findName("Label")->setFault(PrinterFault::Unplugged, true);
+  devices_.printers.findName("Ticket")->setFault(PrinterFault::OutOfPaper, true);
+  EXPECT_EQ(printing(R"({"cmd":"getPrinterList"})"),
+            R"({"result":"0","PrinterList":"Ticket,Third"})");
+  for (Printer& printer : devices_.printers.all()) printer.setFault(PrinterFault::Unplugged, true);
+  EXPECT_EQ(printing(R"({"cmd":"getPrinterList"})"), R"({"result":"0","PrinterList":""})");
+}
+
+TEST_F(PrintingCommands, GetPrinterVersionIsThePrintersOwn) {
+  EXPECT_EQ(printing(R"({"cmd":"getprinterversion","printerName":"Ticket"})"),
+            R"({"result":"0","version":"Ticket SIM 1.0"})");
+  expectAllNeeded("getprinterversion", {{"printerName", "Ticket"}});
+  EXPECT_EQ(send("getprinterversion", {{"printerName", "ticket"}}), "2008");
+  EXPECT_EQ(send("getprinterversion", {{"printerName", ""}}), "2008");
+  devices_.printers.findName("Ticket")->setFault(PrinterFault::Unplugged, true);
+  EXPECT_EQ(send("getprinterversion", {{"printerName", "Ticket"}}), "2008");
+}
+
+TEST_F(PrintingCommands, OpenCashBoxOpensTheDrawer) {
+  EXPECT_EQ(send("opencashbox"), "0");
+  EXPECT_EQ(send("opencashbox"), "0");
+  EXPECT_TRUE(devices_.drawer.isOpen());
+  EXPECT_EQ(devices_.drawer.openings(), 2);
+}
+
+TEST_F(PrintingCommands, RawCommandsAreOrdinaryOnes) {
+  const char* members = R"(","printerName":"Ticket","intParam":"7","paramList":"a,b"})";
+  const auto raw = [&](const std::string& command) {
+    return printing(R"({"cmd":")" + command + members);
+  };
+  EXPECT_EQ(raw("getprinterversion"), R"({"result":"0","version":"Ticket SIM 1.0"})");
+  EXPECT_EQ(raw("opencashbox"), R"({"result":"0"})");
+  EXPECT_EQ(raw("printerStatus"), R"({"result":"8"})");
+  EXPECT_EQ(raw("setcontrast"), R"({"result":"8"})");
+  EXPECT_EQ(raw("selftest"), R"({"result":"2002"})");
 }
 
 }  // namespace
