@@ -24,19 +24,21 @@ std::string baseName(const Job& job) {
   return name.str();
 }
 
+std::error_code writeWhole(const fs::path& path, const std::string& content) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file.write(content.data(), static_cast<std::streamsize>(content.size()));
+  file.close();
+  return file ? std::error_code() : std::make_error_code(std::errc::io_error);
+}
+
 // Under another name first, because whoever looks into the folder must not see half a file.
 std::error_code writeFile(const fs::path& path, const std::string& content) {
   fs::path unfinished = path;
   unfinished += ".tmp";
-  std::ofstream file(unfinished, std::ios::binary | std::ios::trunc);
-  file.write(content.data(), static_cast<std::streamsize>(content.size()));
-  file.close();
-  std::error_code error;
-  if (!file) {
-    fs::remove(unfinished, error);
-    return std::make_error_code(std::errc::io_error);
-  }
-  fs::rename(unfinished, path, error);
+  std::error_code error = writeWhole(unfinished, content);
+  if (!error) fs::rename(unfinished, path, error);
+  std::error_code ignored;
+  if (error) fs::remove(unfinished, ignored);
   return error;
 }
 
@@ -56,16 +58,19 @@ bool PaperFiles::createDirectory() {
 
 std::string PaperFiles::save(const Job& job) {
   if (!createDirectory()) return "";
-  const std::string base = directory_ + "/" + baseName(job);
-  for (const auto& [path, content] : {std::pair(base + ".txt", plainTextOf(job.paper())),
-                                      std::pair(base + ".svg", svgOf(job.paper()))}) {
-    if (const std::error_code error = writeFile(fs::u8path(path), content)) {
-      fail("cannot write " + path + ": " + error.message());
-      return "";
-    }
-  }
+  const std::string base = (fs::u8path(directory_) / baseName(job)).u8string();
+  // The picture comes last: once it is there, so is the text.
+  const bool written =
+      write(base + ".txt", plainTextOf(job.paper())) && write(base + ".svg", svgOf(job.paper()));
+  if (!written) return "";
   failing_ = false;
   return base + ".svg";
+}
+
+bool PaperFiles::write(const std::string& path, const std::string& content) {
+  const std::error_code error = writeFile(fs::u8path(path), content);
+  if (error) fail("cannot write " + path + ": " + error.message());
+  return !error;
 }
 
 void PaperFiles::fail(const std::string& what) {

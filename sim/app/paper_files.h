@@ -17,11 +17,13 @@ class PaperFiles {
   /// line of text each, and only the first one until a job is saved again.
   PaperFiles(std::string directory, std::function<void(const std::string& text)> warn);
 
-  /// Writes the files of a job. Returns the path of the picture, empty if anything failed.
+  /// Writes the files of a job, the picture last. Returns the picture's path, or an empty text if
+  /// anything failed.
   std::string save(const Job& job);
 
  private:
   bool createDirectory();
+  bool write(const std::string& path, const std::string& content);
   void fail(const std::string& what);
 
   std::string directory_;

@@ -55,6 +55,19 @@ expect_reply() {
   [ "$reply}" = "$3" ] || fail "reply \"$reply}\" instead of \"$3\""
 }
 
+# Requests on one connection, one after another, each of which has to be answered with success.
+expect_ok() {
+  local connection reply request
+  exec {connection}<>"/dev/tcp/127.0.0.1/$1" || fail "cannot connect to port $1"
+  shift
+  for request in "$@"; do
+    printf '%s' "$request" >&"$connection"
+    IFS= read -r -t 60 -d '}' reply <&"$connection"
+    [ "$reply}" = "$ok" ] || fail "reply \"$reply}\" to $request"
+  done
+  exec {connection}>&-
+}
+
 any_ports=(--weighing-port 0 --printing-port 0)
 check='{"cmd":"checkConnection"}'
 ok='{"result":"0"}'
@@ -75,9 +88,53 @@ case $case_name in
     expect_reply "$weighing" '{"cmd":"getweight"}' '{"result":"0","net":"0.482","tare":"0.000",'`
       `'"zero":"0","tareType":"N","highResNet":"0.4820","weightUnit":"kg"}'
     ;;
+  paper_dir)
+    cd "$dir" || fail "no folder"
+    start "${any_ports[@]}" --console --paper-dir "Käse 苹果"
+    expect_ok "$printing" \
+      '{"cmd":"printtext","printerType":"1","fontsize":"28","text":"Käse   0.482 kg"}' \
+      '{"cmd":"print_text_width","printerType":"1","fontsize":"24","width":"120","text":"Total 3.98 EUR"}' \
+      '{"cmd":"beginPrint","printerType":"1"}'
+    # Before the reply, so that the files are there when the client goes on.
+    expect_line '^printing .*"printtext"'
+    expect_line '^printing .*"print_text_width"'
+    expect_line '^zelkad-sim: job 1 on Ticket, 12 mm: Käse 苹果[/\\]job-0001-Ticket\.svg$'
+    expect_line '^printing .*"beginPrint"'
+    [ "$(ls "Käse 苹果")" = $'job-0001-Ticket.svg\njob-0001-Ticket.txt' ] || fail "other files"
+    [ "$(<"Käse 苹果/job-0001-Ticket.txt")" = $'Käse   0.482 kg\nTotal 3.98\nEUR' ] ||
+      fail "wrong text: $(<"Käse 苹果/job-0001-Ticket.txt")"
+    grep -q '^<svg' "Käse 苹果/job-0001-Ticket.svg" || fail "no picture"
+    # A cut changes the job, and what is unfinished at the end is not lost.
+    expect_ok "$printing" '{"cmd":"cutPaper","printerType":"1","Percent":"70"}' \
+      '{"cmd":"printtext","printerType":"0","fontsize":"28","text":"Label"}'
+    expect_line '^zelkad-sim: job 1 on Ticket, 12 mm: Käse 苹果[/\\]job-0001-Ticket\.svg$'
+    expect_line '^printing .*"cutPaper"'
+    expect_line '^printing .*"printtext"'
+    [[ $(<"Käse 苹果/job-0001-Ticket.txt") = *$'\nEUR\n- - '* ]] || fail "no cut"
+    echo quit >&"$input"
+    expect_line '^ok stopping$'
+    expect_line '^zelkad-sim: job 2 on Label, 5 mm: Käse 苹果[/\\]job-0002-Label\.svg$'
+    expect_line '^zelkad-sim: stopped$'
+    expect_exit 0
+    [ "$(<"Käse 苹果/job-0002-Label.txt")" = Label ] || fail "wrong text"
+    ;;
+  paper_dir_unusable)
+    cd "$dir" || fail "no folder"
+    echo "in the way" >paper
+    start "${any_ports[@]}" --paper-dir paper
+    print='{"cmd":"printtext","printerType":"1","fontsize":"28","text":"x"}'
+    begin='{"cmd":"beginPrint","printerType":"1"}'
+    expect_ok "$printing" "$print" "$begin" "$print" "$begin"
+    expect_line '^printing .*"printtext"'
+    expect_line '^zelkad-sim: job 1 on Ticket, 5 mm$'
+    [ "$(grep -c '^zelkad-sim: cannot create the folder paper: ' err.log)" = 1 ] ||
+      fail "not reported once"
+    ;;
   quiet)
     start "${any_ports[@]}" --quiet --console
     expect_reply "$weighing" "$check" "$ok"
+    expect_ok "$printing" '{"cmd":"printtext","printerType":"1","fontsize":"28","text":"x"}' \
+      '{"cmd":"cutPaper","printerType":"1","Percent":"70"}'
     echo quit >&"$input"
     expect_line '^ok stopping$'
     ;;
