@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <deque>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,7 +12,8 @@
 
 namespace tolvex {
 
-// Takes every request and answers each with the same reply. Records what it was given.
+// Takes every request and answers each with the same reply, or with replies in turn before that.
+// Records what it was given.
 class ScriptedConnection final : public CTcpClient {
  public:
   ScriptedConnection() : CTcpClient("127.0.0.1", 1) {}
@@ -26,9 +28,10 @@ class ScriptedConnection final : public CTcpClient {
   int RecvTimeout(char* buffer, unsigned length, unsigned timeoutMs) override {
     receives.push_back({length, timeoutMs});
     if (receiveResult) return *receiveResult;
-    const std::size_t size = std::min<std::size_t>(length, reply.size());
-    std::memcpy(buffer, reply.data(), size);
-    return static_cast<int>(size);
+    if (nextReplies.empty()) return deliver(reply, buffer, length);
+    const std::string next = nextReplies.front();
+    nextReplies.pop_front();
+    return deliver(next, buffer, length);
   }
 
   struct Receive {
@@ -40,10 +43,18 @@ class ScriptedConnection final : public CTcpClient {
   };
 
   std::string reply = R"({"result":"0"})";
+  std::deque<std::string> nextReplies;
   std::optional<int> sendResult;     // instead of the length
   std::optional<int> receiveResult;  // instead of the reply
   std::vector<std::string> requests;
   std::vector<Receive> receives;
+
+ private:
+  static int deliver(const std::string& text, char* buffer, unsigned length) {
+    const std::size_t size = std::min<std::size_t>(length, text.size());
+    std::memcpy(buffer, text.data(), size);
+    return static_cast<int>(size);
+  }
 };
 
 }  // namespace tolvex

@@ -31,12 +31,19 @@ std::size_t handleCount() {
   return count;
 }
 
-std::string emptyDefaultLogFolder(const std::string&) {
-  const std::string folder = "c:\\Corvane\\Log\\";
+namespace {
+
+std::string emptied(const std::string& folder) {
   removeTree(folder);
   makeFolder(folder);
   return folder;
 }
+
+}  // namespace
+
+std::string emptyDefaultLogFolder(const std::string&) { return emptied("c:\\Corvane\\Log\\"); }
+
+std::string emptyLibraryFolder(const std::string&) { return emptied("c:/VARN/Log/"); }
 
 #else
 
@@ -52,12 +59,22 @@ std::size_t handleCount() {
   return count;
 }
 
-std::string emptyDefaultLogFolder(const std::string& parent) {
+namespace {
+
+std::string madeBelow(const std::string& parent, const char* name) {
   setenv("XDG_STATE_HOME", parent.substr(0, parent.size() - 1).c_str(), 1);
-  const std::string folder = parent + "corvane/log/";
+  const std::string folder = parent + name;
   makeFolder(folder);
   return folder;
 }
+
+}  // namespace
+
+std::string emptyDefaultLogFolder(const std::string& parent) {
+  return madeBelow(parent, "corvane/log/");
+}
+
+std::string emptyLibraryFolder(const std::string& parent) { return madeBelow(parent, "varn/log/"); }
 
 #endif
 

@@ -18,4 +18,7 @@ std::size_t handleCount();
 // without any log file in it, and returns its path.
 std::string emptyDefaultLogFolder(const std::string& parent);
 
+// The same for the library's folder, with its log files and its image cache.
+std::string emptyLibraryFolder(const std::string& parent);
+
 }  // namespace tolvex::test
