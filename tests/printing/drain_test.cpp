@@ -30,8 +30,7 @@ TEST_F(Drain, OfAQueueThatWasTakenIsUnknown) {
 
 TEST_F(Drain, SendsATextWithItsFontSize) {
   queue(PrintJobKind::kText, 72, 0, "Apples");
-  expectDrained(0,
-                {R"({"cmd":"printtext","printerType":"2","fontsize":"72","text":"Apples"})"});
+  expectDrained(0, {R"({"cmd":"printtext","printerType":"2","fontsize":"72","text":"Apples"})"});
 }
 
 TEST_F(Drain, SendsATextByWidthWithItsWidth) {

@@ -36,9 +36,7 @@ TEST_F(QueueText, CutsAtEveryLineFeed) { expectLines("a\nb\nc", {"a", "b", "c"})
 
 TEST_F(QueueText, DropsTheCarriageReturnBeforeALineFeed) { expectLines("A\r\nB", {"A", "B"}); }
 
-TEST_F(QueueText, BeginsNoLineAfterTheLastLineFeed) {
-  expectLines("L1\r\nL2\r\n", {"L1", "L2"});
-}
+TEST_F(QueueText, BeginsNoLineAfterTheLastLineFeed) { expectLines("L1\r\nL2\r\n", {"L1", "L2"}); }
 
 TEST_F(QueueText, QueuesABlankForAnEmptyLine) { expectLines("A\n\nB\n", {"A", " ", "B"}); }
 
@@ -54,9 +52,7 @@ TEST_F(QueueText, QueuesABlankForALineOfOneCarriageReturn) {
   expectLines("a\n\r\nb", {"a", " ", "b"});
 }
 
-TEST_F(QueueText, QueuesABlankForALastLineOfOneCarriageReturn) {
-  expectLines("a\n\r", {"a", " "});
-}
+TEST_F(QueueText, QueuesABlankForALastLineOfOneCarriageReturn) { expectLines("a\n\r", {"a", " "}); }
 
 TEST_F(QueueText, DropsOneCarriageReturnOnly) {
   expectLines("\r\r\na\r\r\n\r\r\r", {"\r", "a\r", "\r\r"});

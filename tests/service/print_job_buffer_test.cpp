@@ -190,8 +190,8 @@ TEST_F(PrintJob, DoublesUntilOneRecordOfMegabytesFits) {
   appendText("after");
   EXPECT_EQ(job.capacity(), 20480U << 9);
   EXPECT_EQ(takeAll(job), (Records{{PrintJobKind::kText, 24, 0, "before"},
-                                {PrintJobKind::kText, 24, 0, text},
-                                {PrintJobKind::kText, 24, 0, "after"}}));
+                                   {PrintJobKind::kText, 24, 0, text},
+                                   {PrintJobKind::kText, 24, 0, "after"}}));
 }
 
 TEST_F(PrintJob, KeepsTenThousandRecordsIntact) {
