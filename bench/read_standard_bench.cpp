@@ -18,13 +18,14 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
-#include <filesystem>
 #include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "allocation_counter.h"
+#include "quantile.h"
+#include "state_folder.h"
 #include "weight_service.h"
 
 namespace {
@@ -35,26 +36,6 @@ constexpr int kCallsPerBatch = 5;
 constexpr int kWarmUpCalls = 500;
 constexpr std::size_t kDefaultPairs = 4000;
 constexpr double kTargetRatio = 1.5;
-
-// Where the library may write its log.
-class StateFolder {
- public:
-  StateFolder() {
-    char name[] = "/tmp/read_standard_bench.XXXXXX";
-    if (mkdtemp(name) == nullptr) throw std::runtime_error("no temporary folder");
-    path_ = name;
-    setenv("XDG_STATE_HOME", name, 1);
-  }
-  ~StateFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  StateFolder(const StateFolder&) = delete;
-  StateFolder& operator=(const StateFolder&) = delete;
-
- private:
-  std::string path_;
-};
 
 void pinToOneCore() {
   const int core = sched_getcpu();
@@ -95,12 +76,6 @@ double timed(const std::function<void()>& call) {
   return std::chrono::duration<double, std::micro>(Clock::now() - start).count() / kCallsPerBatch;
 }
 
-double quantile(std::vector<double> values, double part) {
-  const auto at = static_cast<std::size_t>(part * static_cast<double>(values.size() - 1));
-  std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(at), values.end());
-  return values[at];
-}
-
 double allocationsPerCall(const std::function<void()>& call) {
   constexpr int kCalls = 200;
   const long before = bench::allocations();
@@ -110,7 +85,7 @@ double allocationsPerCall(const std::function<void()>& call) {
 
 void measure(std::size_t pairs) {
   pinToOneCore();
-  const StateFolder state;
+  const bench::StateFolder state;
   const std::string address = privateAddress();
   const bench::WeightService service(address);
   if (SetServerIpForRemoteAccess(address.c_str()) != TOLVEX_OK) {
@@ -125,6 +100,7 @@ void measure(std::size_t pairs) {
   }
   const double allocations = allocationsPerCall(library);
 
+  using bench::quantile;
   std::vector<double> a, b, ratios;
   a.reserve(pairs);
   b.reserve(pairs);
