@@ -49,7 +49,7 @@ struct Connection {
   tcp::socket socket;
   asio::steady_timer timer;
   std::string received;
-  char block[4096] = {};
+  char block[65536] = {};
 };
 using ConnectionPtr = std::shared_ptr<Connection>;
 
