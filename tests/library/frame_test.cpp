@@ -85,5 +85,41 @@ TEST_F(Frame, ACallThatFailsInTheServiceLeavesTheBufferUntouched) {
   }
 }
 
+// The context comes first: even the first entry line stands behind the banner, in the library's
+// own file.
+struct FirstCall {
+  const char* name;
+  int (*call)();
+  const char* entry;
+};
+
+const FirstCall kFirstCalls[] = {
+    {"BeginPrint", [] { return BeginPrint(8); },
+     "[T] L:612 M:DLL [library_tests][BeginPrint] 8_CUT Begin"},
+    {"printBlanks", [] { return printBlanks(1); }, "[T] L:812 M:DLL [printBlanks] Entry"},
+    {"cutPaper", [] { return cutPaper(); }, "[T] L:830 M:DLL [cutPaper] Entry"},
+    {"feedPaper", [] { return feedPaper(); }, "[T] L:846 M:DLL [library_tests][feedPaper] Entry"},
+    {"feedPaperById", [] { return feedPaperById(1); }, "[T] L:862 M:DLL [feedPaperById] Entry"},
+    {"calibrateLabel", [] { return calibrateLabel(0); }, "[T] L:878 M:DLL [calibrateLabel] Entry"},
+    {"setTakeupPaperSensor", [] { return setTakeupPaperSensor(1, "Bon"); },
+     "[T] L:894 M:DLL [library_tests][setTakeupPaperSensor] Entry"},
+    {"OpenCashDrawerEx", [] { return OpenCashDrawerEx(); },
+     "[T] L:944 M:DLL [library_tests][OpenCashDrawerEx] Enter"},
+};
+
+struct PrintingFrame : ServiceTest, ::testing::WithParamInterface<FirstCall> {};
+
+TEST_P(PrintingFrame, CreatesTheContextBeforeItsFirstLine) {
+  service.printing().alwaysAnswers(R"({"result":"0"})");
+  EXPECT_EQ(GetParam().call(), 240);
+  const Lines lines = log.sinceBanner();
+  ASSERT_EQ(lines.size(), 2U) << "entry and success";
+  EXPECT_EQ(lines[0], GetParam().entry);
+  EXPECT_FALSE(exists(host.earlyLogFile()));
+}
+
+INSTANTIATE_TEST_SUITE_P(Exports, PrintingFrame, ::testing::ValuesIn(kFirstCalls),
+                         [](const auto& test) { return std::string(test.param.name); });
+
 }  // namespace
 }  // namespace tolvex::test
