@@ -53,9 +53,27 @@ TEST_F(Stubs, ReturnTheirFixedResultUnderBothNames) {
   }
 }
 
+// Applications pass what the fuller interface takes.
+TEST_F(Stubs, ReturnTheirFixedResultWhateverTheArguments) {
+  using WithArguments = int (*)(const char*, unsigned, int, char*);
+  const auto withArguments = [](int (*stub)()) {
+    return reinterpret_cast<WithArguments>(reinterpret_cast<void (*)()>(stub));
+  };
+  for (const Stub& stub : kStubs) {
+    CallerBuffer<8> buffer;
+    char* const out = buffer;
+    EXPECT_EQ(withArguments(stub.function)("text", 7U, -1, out), stub.result) << stub.name;
+    EXPECT_EQ(withArguments(stub.twin)(nullptr, 0U, 0, out), stub.result) << stub.name;
+    EXPECT_TRUE(buffer.isUntouched()) << stub.name;
+  }
+}
+
 TEST_F(Stubs, CreateNoContextConnectionOrLog) {
   ::testing::internal::CaptureStderr();
-  for (const Stub& stub : kStubs) host.call(stub.function);
+  for (const Stub& stub : kStubs) {
+    EXPECT_EQ(host.call(stub.function), stub.result) << stub.name;
+    EXPECT_EQ(host.call(stub.twin), stub.result) << stub.name << "_stdcall";
+  }
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
   EXPECT_EQ(service.weighing().connections(), 0U);
   EXPECT_EQ(service.printing().connections(), 0U);
@@ -63,12 +81,17 @@ TEST_F(Stubs, CreateNoContextConnectionOrLog) {
   EXPECT_TRUE(std::filesystem::is_empty(host.defaultLogFolder()));
 }
 
-TEST_F(Stubs, LeaveTheLastErrorAlone) {
+TEST_F(Stubs, LeaveTheLastErrorAndTheQueuedJobAlone) {
   service.answers(R"({"result":"1003"})");
   WeightBuffer record;
   EXPECT_EQ(host.call(read_standard, record), TOLVEX_UNDER_LOAD);
+  EXPECT_EQ(host.call(PrintText, "Milch", 24U), 240);
   for (const Stub& stub : kStubs) host.call(stub.function);
   EXPECT_EQ(host.call(getLastErrCode), 1003);
+  EXPECT_TRUE(service.printing().requests().empty());
+  service.printing().alwaysAnswers(R"({"result":"0"})");
+  EXPECT_EQ(host.call(BeginPrint, 0), 240);
+  EXPECT_EQ(service.printing().requests().size(), 2U);
 }
 
 }  // namespace
