@@ -9,11 +9,10 @@
 // the machine does meanwhile, a short one seldom.
 //
 // usage: print_job_bench [PAIRS]
-#include <time.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <exception>
 #include <stdexcept>
 #include <string>

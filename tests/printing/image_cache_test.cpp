@@ -15,7 +15,7 @@ class ImageCache : public PrintingTest {
  protected:
   // A file of the application with these contents. Returns its path.
   std::string image(const std::string& name, const std::string& contents) {
-    const std::string path = folder.file(name);
+    std::string path = folder.file(name);
     test::writeBytes(path, contents);
     return path;
   }

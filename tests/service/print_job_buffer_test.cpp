@@ -103,10 +103,10 @@ TEST_F(PrintJob, TakesFurtherRecordsWhileItIsRead) {
 TEST_F(PrintJob, MovesNothingWhileItIsRead) {
   for (int line = 0; line < 100; ++line) appendText(std::to_string(line));
   const char* const block = job.data();
-  const std::string before = bytes(100 * 12);
+  const std::string before = bytes(std::size_t{100} * 12);
   takeAll(job);
   EXPECT_EQ(job.data(), block);
-  EXPECT_EQ(bytes(100 * 12), before);
+  EXPECT_EQ(bytes(std::size_t{100} * 12), before);
 }
 
 // ---- Emptiness ----

@@ -77,8 +77,6 @@ HeapWatch::HeapWatch() {
   heap.peak = heap.inUse;
 }
 
-HeapWatch::~HeapWatch() = default;
-
 std::size_t HeapWatch::allocations() const { return heap.allocations; }
 std::size_t HeapWatch::bytes() const { return heap.bytes; }
 std::size_t HeapWatch::peak() const { return heap.peak - heap.inUseAtStart; }

@@ -11,7 +11,6 @@ namespace tolvex::test {
 class HeapWatch {
  public:
   HeapWatch();
-  ~HeapWatch();
   HeapWatch(const HeapWatch&) = delete;
   HeapWatch& operator=(const HeapWatch&) = delete;
 

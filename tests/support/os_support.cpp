@@ -63,7 +63,7 @@ namespace {
 
 std::string madeBelow(const std::string& parent, const char* name) {
   setenv("XDG_STATE_HOME", parent.substr(0, parent.size() - 1).c_str(), 1);
-  const std::string folder = parent + name;
+  std::string folder = parent + name;
   makeFolder(folder);
   return folder;
 }
