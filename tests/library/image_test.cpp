@@ -204,9 +204,9 @@ TEST_F(Image, TakesTheLastDotOfTheWholePathForItsExtension) {
 
 TEST_F(Image, WithALineFeedInItsPathIsSeveralRecords) {
   printer.alwaysAnswers(kOk);
-  EXPECT_EQ(host.call(PrintBitmapFile, "one.bmp\r\ntwo.bmp", 0), 240);
-  EXPECT_EQ(requestsOfTicket(),
-            (Lines{imageRequest("one.bmp"), imageRequest("two.bmp"), confirmation()}));
+  EXPECT_EQ(host.call(PrintBitmapFile, "one.bmp\r\n\ntwo.bmp", 0), 240);
+  EXPECT_EQ(requestsOfTicket(), (Lines{imageRequest("one.bmp"), imageRequest(" "),
+                                       imageRequest("two.bmp"), confirmation()}));
 }
 
 TEST_F(Image, WithAnEmptyPathIsNoRecord) {
