@@ -2,8 +2,8 @@
 #include <cstddef>
 #include <utility>
 
+#include "paper/plain_line.h"
 #include "paper/render.h"
-#include "paper/text_layout.h"
 
 namespace tolvex::sim {
 
@@ -19,9 +19,7 @@ class PlainText {
   explicit PlainText(const PaperFormat& format) : format_(format) {}
 
   void operator()(const TextItem& item) {
-    std::string text;
-    for (const Glyph& glyph : glyphsOf(item.text)) text += glyph.text;
-    addLine(blanks(item.indent) + text);
+    addLine(blanks(item.indent) + plainLine(item.text, item.fontSize / 2, kCellWidth));
   }
 
   void operator()(const ImageItem& item) {
