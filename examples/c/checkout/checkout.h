@@ -1,0 +1,17 @@
+/* What the parts of the example share. */
+#ifndef CHECKOUT_H
+#define CHECKOUT_H
+
+/* One article of the sale. Texts are UTF-8. */
+typedef struct article {
+  const char* name;
+  long cents_per_kg;
+  long grams;
+  long cents;
+} article;
+
+/* Tells what did not work, with the library's result code and what it means here, and ends the
+ * program with exit code 1. */
+void give_up(const char* what);
+
+#endif
