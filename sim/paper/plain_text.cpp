@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstddef>
+#include <map>
 #include <utility>
 
 #include "paper/plain_line.h"
@@ -16,10 +17,11 @@ constexpr int kLineHeight = 30;
 // Writes a paper item by item.
 class PlainText {
  public:
-  explicit PlainText(const PaperFormat& format) : format_(format) {}
+  /// Lines of the font with cells of `plainWidth` dots read as they are.
+  PlainText(const PaperFormat& format, int plainWidth) : format_(format), plainWidth_(plainWidth) {}
 
   void operator()(const TextItem& item) {
-    addLine(blanks(item.indent) + plainLine(item.text, item.fontSize / 2, kCellWidth));
+    addLine(blanks(item.indent) + plainLine(item.text, item.fontSize / 2, plainWidth_));
   }
 
   void operator()(const ImageItem& item) {
@@ -75,15 +77,27 @@ class PlainText {
   }
 
   PaperFormat format_;
+  int plainWidth_;
   std::string text_;
   int at_ = 0;     // how far down the paper the text has come
   int label_ = 0;  // the label there
 };
 
+// Width of the cells that most lines have; of several, the narrowest.
+int plainWidthOf(const Paper& paper) {
+  std::map<int, int> lines;
+  for (const PaperItem& item : paper.items()) {
+    if (const auto* text = std::get_if<TextItem>(&item)) ++lines[text->fontSize / 2];
+  }
+  const auto most = std::max_element(
+      lines.begin(), lines.end(), [](const auto& a, const auto& b) { return a.second < b.second; });
+  return most == lines.end() ? kCellWidth : std::max(1, most->first);
+}
+
 }  // namespace
 
 std::string plainTextOf(const Paper& paper) {
-  PlainText text(paper.format());
+  PlainText text(paper.format(), plainWidthOf(paper));
   for (std::size_t i = 0; i < paper.items().size(); ++i) {
     const PaperItem& item = paper.items()[i];
     if (std::holds_alternative<FeedItem>(item)) continue;

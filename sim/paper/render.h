@@ -16,10 +16,10 @@ namespace tolvex::sim {
 std::string svgOf(const Paper& paper);
 
 /// What can be read on the paper, one line of text for each printed one, in UTF-8 with "\n" ends
-/// and without blanks before them. What a large font sets apart stays apart by as much (see
-/// paper/plain_line.h). Images read "[image 384x120]", blank paper becomes empty lines
-/// in proportion to its length, a cut reads as a dashed line, the gap after a label as a dotted
-/// one.
+/// and without blanks before them. Lines of the font that most lines have read as they are; what a
+/// larger font sets apart stays as far apart (see paper/plain_line.h). Images read
+/// "[image 384x120]", blank paper becomes empty lines in proportion to its length, a cut reads as a
+/// dashed line, the gap after a label as a dotted one.
 std::string plainTextOf(const Paper& paper);
 
 }  // namespace tolvex::sim

@@ -101,7 +101,7 @@ case $case_name in
     expect_line '^zelkad-sim: job 1 on Ticket, 12 mm: Käse 苹果[/\\]job-0001-Ticket\.svg$'
     expect_line '^printing .*"beginPrint"'
     [ "$(ls "Käse 苹果")" = $'job-0001-Ticket.svg\njob-0001-Ticket.txt' ] || fail "other files"
-    [ "$(<"Käse 苹果/job-0001-Ticket.txt")" = $'Käse   0.482 kg\nTotal 3.98\nEUR' ] ||
+    [ "$(<"Käse 苹果/job-0001-Ticket.txt")" = $'Käse     0.482 kg\nTotal 3.98\nEUR' ] ||
       fail "wrong text: $(<"Käse 苹果/job-0001-Ticket.txt")"
     grep -q '^<svg' "Käse 苹果/job-0001-Ticket.svg" || fail "no picture"
     # A cut changes the job, and what is unfinished at the end is not lost.

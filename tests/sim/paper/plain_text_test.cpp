@@ -27,6 +27,20 @@ TEST(PlainText, HasALineForEachPrintedOne) {
             "one\n\nzwei \u00E4\n");
 }
 
+TEST(PlainText, KeepsTheBlanksOfTheFontThatMostLinesHave) {
+  EXPECT_EQ(textOf(kRoll, {TextItem{"a   1", 48}, TextItem{"b   2", 48}, TextItem{"c   3", 24}}),
+            "a   1\nb   2\nc   3\n");
+}
+
+TEST(PlainText, KeepsTheColumnsOfALargerFont) {
+  EXPECT_EQ(textOf(kRoll, {TextItem{"a        1", 24}, TextItem{"b  2", 48}, TextItem{"c", 24}}),
+            "a        1\nb      2\nc\n");
+}
+
+TEST(PlainText, OfAsManyLinesInTwoFontsKeepsTheSmallerOne) {
+  EXPECT_EQ(textOf(kRoll, {TextItem{"b  2", 48}, TextItem{"a  1", 24}}), "b      2\na  1\n");
+}
+
 TEST(PlainText, IsIndentedInProportion) {
   EXPECT_EQ(textOf(kRoll, {TextItem{"a", 48, 36}, TextItem{"b", 24, 11}, TextItem{"c", 24, -50}}),
             "   a\nb\nc\n");
