@@ -16,9 +16,10 @@ constexpr unsigned kMiddle = 1;
 
 int PrintBitmapFile(const char* path, int angle) {
   return guarded(kVerdictOfException, [&] {
+    const VcoClientApi* const client = libraryClient();  // which opens the log
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelTrace, 752,
-              "[%s][PrintBitmapFile] Angle:%d [%s]", libraryClient()->getClientName().c_str(),
-              angle, printable(path));
+              "[%s][PrintBitmapFile] Angle:%d [%s]", client->getClientName().c_str(), angle,
+              printable(path));
     return PrintBitmapFileWithAlign(path, static_cast<unsigned>(angle), kMiddle);
   });
 }
