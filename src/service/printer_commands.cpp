@@ -28,7 +28,7 @@ int inDots(int width) { return static_cast<int>(static_cast<unsigned>(width) * 8
 
 struct VcoClientApi::Member {
   Member(const char* name, int value) : key(name), number(value) {}
-  Member(const char* name, const char* value) : key(name), text(value) {}
+  Member(const char* name, const char* value) : key(name), text(value != nullptr ? value : "") {}
 
   const char* key;
   const char* text = nullptr;  // null: the number
@@ -83,7 +83,7 @@ unsigned VcoClientApi::printText(const char* text, int fontSize, int printerType
 unsigned VcoClientApi::printTextByPaperWidth(const char* text, int fontSize, int width,
                                              int printerType) {
   if (text == nullptr) {
-    NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 498,
+    NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 493,
               "[printTextByPaperWidth] str is NULL");
     return kept(result::kInvalidParam);
   }

@@ -254,7 +254,7 @@ TEST_F(TextById, ThatIsNullIsTwoAndOnlyByPaperWidthLogged) {
   EXPECT_EQ(host.call(printTextById, "A", 24U, 1U), 0);
   EXPECT_EQ(host.call(printTextByPaperWidthById, nullptr, 24U, 58U, 1U), 2);
   EXPECT_EQ(lastError(), 2);
-  EXPECT_EQ(newLines(), Lines{"[W] L:498 M:DLL [printTextByPaperWidth] str is NULL"});
+  EXPECT_EQ(newLines(), Lines{"[W] L:493 M:DLL [printTextByPaperWidth] str is NULL"});
   EXPECT_EQ(newRequests(), Lines{textRequest("A")});
 }
 

@@ -135,7 +135,7 @@ class PrintTextByPaperWidth : public ServiceTest {
 TEST_F(PrintTextByPaperWidth, OfNullIsInvalidParamAndLogged) {
   EXPECT_EQ(client.printTextByPaperWidth(nullptr, 24, 58, 2), 2U);
   EXPECT_EQ(client.getLastErrCode(), 2);
-  EXPECT_EQ(log.records(), Texts{"[W] L:498 M:DLL [printTextByPaperWidth] str is NULL"});
+  EXPECT_EQ(log.records(), Texts{"[W] L:493 M:DLL [printTextByPaperWidth] str is NULL"});
   expectNothingSent();
 }
 
