@@ -69,7 +69,8 @@ int succeed(const Job& job, unsigned line) {
   return kExportOk;
 }
 
-int failConfirmation(const Job& job, unsigned line, unsigned code) {
+// Likewise of one whose confirmation or closing command failed.
+int failWith(const Job& job, unsigned line, unsigned code) {
   NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, line,
             "[%s][BeginPrint] %s Err, ret:%#x", clientName(job), job.name.c_str(), code);
   return kExportFailed;
@@ -78,7 +79,7 @@ int failConfirmation(const Job& job, unsigned line, unsigned code) {
 // After the closing command. Of a failed one the line shows this function's own verdict.
 int finish(const Job& job, unsigned code) {
   if (code == result::kOk) return succeed(job, 714);
-  return failConfirmation(job, 711, kExportFailed);
+  return failWith(job, 711, kExportFailed);
 }
 
 // How the part before the closing feed or cut reads in the log.
@@ -145,7 +146,7 @@ int print(const Job& job) {
     return kExportFailed;
   }
   const unsigned confirmed = job.client.beginPrint(job.printerType);
-  return confirmed == result::kOk ? succeed(job, 734) : failConfirmation(job, 731, confirmed);
+  return confirmed == result::kOk ? succeed(job, 734) : failWith(job, 731, confirmed);
 }
 
 struct ActionOfJob {
