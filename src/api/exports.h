@@ -17,22 +17,24 @@
  *  4. Time. Every function returns when its work is done. One that talks to the service takes at
  *     most the 40 s wait for the reply, plus up to 1 s for each connect.
  *  5. Threads. Any thread may call. Commands on one connection wait for each other. The print job
- * is the exception: one thread queues it and ends it with BeginPrint.
+ *     is the exception: one thread queues it and ends it with BeginPrint.
  *  6. Text going in is NUL-terminated 8-bit text, sent as it is. "ANSI text" is in the system's
- * ANSI code page (Linux: the character set of the user's locale - LC_ALL, LC_CTYPE or LANG - and
- * UTF-8 where none is set) and goes out as UTF-8. A null text counts as empty where nothing else is
- *     said.
+ *     ANSI code page (Linux: the character set of the user's locale - LC_ALL, LC_CTYPE or LANG -
+ *     and UTF-8 where none is set) and goes out as UTF-8. A null text counts as empty where nothing
+ *     else is said.
  *  7. Buffers belong to the caller. They are written on success only, never beyond the stated size,
  *     and copied like strncpy: a text as long as the size or longer has NO terminating NUL, and a
  *     shorter one is followed by NULs up to the size. "Exact" copies write no NUL at all: zero the
  *     buffer beforehand. A null buffer is never written.
  *  8. Printers. A printer type is a number that the service understands: 0 the label printer, 1 the
  *     ticket printer, 2 a third one, TOLVEX_DEFAULT_PRINTER (100) whichever is the default. A
- * printer name is one of those that GetPrinterList tells, at most 255 bytes; a longer one or a null
- * is result code 2. Values of settings go out as they are: their meaning and range are the
+ *     printer name is one of those that GetPrinterList tells, at most 255 bytes; a longer one or a
+ *     null is result code 2. Values of settings go out as they are: their meaning and range are the
  *     service's.
- *  9. Log. Failures are logged at level 5, entry and success at level 6, as said with the function;
- *     the request and the reply at level 2 (off by default), a failed connection under "Socket".
+ *  9. Log. Each function says which lines it writes, with their levels (5 failures, 6 entry and
+ *     outcome); "client" is the host application's name. Behind them stand the request and the
+ *     reply at level 2 (off by default), failures of the exchange at level 5, and those of a
+ *     connection under "Socket".
  * 10. Exceptions and memory. No exception leaves a function. When memory runs out a verdict is 255
  *     and a code is 1.
  * 11. Names. On x64 there is one calling convention. A function with a twin exists under a second
@@ -130,9 +132,10 @@ typedef struct tolvex_weight {
 
 /* ---- Weighing ---- */
 
-/* Reads the scale's base information into record (64 bytes, tolvex_base_info).
- * Returns a verdict. Log: level 6 "[client][read_baseinfo] Enter", and at the end, success or not,
- * "[client][read_baseinfo] End, RESULT,REPLY"; level 5 "[read_baseinfo] Input param is NULL". */
+/* Reads the scale's base information into record (64 bytes, tolvex_base_info). Returns a verdict.
+ * Log: 6 "[client][read_baseinfo] Enter"
+ *      6 "[client][read_baseinfo] End, RESULT,REPLY", success or not
+ *      5 "[read_baseinfo] Input param is NULL" */
 TOLVEX_API int read_baseinfo(char *record);
 TOLVEX_API int read_baseinfo_stdcall(char *record);
 
@@ -140,39 +143,43 @@ TOLVEX_API int read_baseinfo_stdcall(char *record);
  * Returns TOLVEX_OK: the record holds a stable or an unstable weight (see the status bits), or
  * nothing but zeros when the scale reports an invalid weight; TOLVEX_UNDER_LOAD or
  * TOLVEX_OVER_LOAD: the record is untouched; TOLVEX_FAILED.
- * Log: level 6 "[client][getWeight] Oh Ye~"; level 5 "[client][read_standard] Err:CODE",
- * "[read_standard] Input param is NULL". */
+ * Log: 6 "[client][getWeight] Oh Ye~"
+ *      5 "[client][read_standard] Err:CODE"
+ *      5 "[read_standard] Input param is NULL" */
 TOLVEX_API int read_standard(char *record);
 TOLVEX_API int read_standard_stdcall(char *record);
 
-/* Sets the scale to zero. Returns a verdict. Log: level 6 "[client][send_zero] Enter" and
- * "[client][send_zero] OK"; level 5 "[send_zero] Err:CODE". */
+/* Sets the scale to zero. Returns a verdict.
+ * Log: 6 "[client][send_zero] Enter", "[client][send_zero] OK"
+ *      5 "[send_zero] Err:CODE" */
 TOLVEX_API int send_zero(void);
 TOLVEX_API int send_zero_stdcall(void);
 
 /* Takes what lies on the scale as the tare. reply (at least 10 bytes) gets the tare as text, unless
  * the host application is "Kelvarin" or "Lumidesk": for those it is left as it was.
- * Returns a verdict. Log: level 6 "[client][set_tare_bykey] Enter" and "... OK"; level 5
- * "[set_tare_bykey] Err:CODE", "[set_tare_bykey] Input param is NULL". */
+ * Returns a verdict.
+ * Log: 6 "[client][set_tare_bykey] Enter", "[client][set_tare_bykey] OK"
+ *      5 "[set_tare_bykey] Err:CODE", "[set_tare_bykey] Input param is NULL" */
 TOLVEX_API int set_tare_bykey(char *reply);
 TOLVEX_API int set_tare_bykey_stdcall(char *reply);
 
-/* The same as set_tare_bykey, with one more line at its head: level 6 "[client][send_tare] Enter".
- */
+/* The same as set_tare_bykey, with one more line at its head.
+ * Log: 6 "[client][send_tare] Enter", then as set_tare_bykey */
 TOLVEX_API int send_tare(char *reply);
 TOLVEX_API int send_tare_stdcall(char *reply);
 
 /* Clears the tare. The text that the caller passes is logged and goes no further: the scale is
  * asked to clear its tare, and text (at least 10 bytes) gets the tare that is left, with the same
  * exception as set_tare_bykey.
- * Returns a verdict. Log: level 6 "[client][send_pre_tare] Enter TEXT" and "... OK"; level 5
- * "[send_pre_tare] Err:CODE", "[send_pre_tare] Input param is NULL". */
+ * Returns a verdict.
+ * Log: 6 "[client][send_pre_tare] Enter TEXT", "[client][send_pre_tare] OK"
+ *      5 "[send_pre_tare] Err:CODE", "[send_pre_tare] Input param is NULL" */
 TOLVEX_API int send_pre_tare(char *text);
 TOLVEX_API int send_pre_tare_stdcall(char *text);
 
 /* Clears the tare; reply (at least 10 bytes) as for set_tare_bykey. Returns a verdict.
- * Log: level 6 "[client][clear_tare] Enter" and "... OK"; level 5 "[clear_tare] Err:CODE",
- * "[clear_tare] Input param is NULL". */
+ * Log: 6 "[client][clear_tare] Enter", "[client][clear_tare] OK"
+ *      5 "[clear_tare] Err:CODE", "[clear_tare] Input param is NULL" */
 TOLVEX_API int clear_tare(char *reply);
 TOLVEX_API int clear_tare_stdcall(char *reply);
 
@@ -205,44 +212,58 @@ TOLVEX_API int sendRawCmdToLC(const char *command, const char *parameters, char 
 
 /* A job is queued line by line and image by image - PrintText, PrintTextByPaperWidth,
  * PrintBitmapFile, PrintBitmapFileWithAlign, which send nothing - and goes to the printer with
- * BeginPrint. There is one queue in the process, without a limit but memory. */
+ * BeginPrint. There is one queue in the process. It holds any number of lines, up to 2.5 GiB. */
 
 /* Queues ANSI text for BeginPrint: one line, or one for each line feed in it (LF or CR LF; an empty
  * line prints as a blank one; a line feed at the end begins no further line). fontSize is the
- * height of the characters in dots, 12 to 72. Returns a verdict, TOLVEX_FONT_TOO_SMALL or
- * TOLVEX_FONT_TOO_BIG; an empty text is TOLVEX_OK and queues nothing. Log: level 6
- * "[client][PrintText] font:SIZE [TEXT]"; level 5 "[PrintText] Input param is NULL", "[PrintText]
- * Input param len is 0", "[PrintText] font size too big:SIZE",
- * "[PrintText] font size too small:SIZE". The last error stays. */
+ * height of the characters in dots, 12 to 72. A line of more than 2048 bytes of UTF-8 is queued,
+ * but refused when it is printed: BeginPrint then fails with code 6.
+ * Returns a verdict, TOLVEX_FONT_TOO_SMALL or TOLVEX_FONT_TOO_BIG; an empty text is TOLVEX_OK and
+ * queues nothing. The last error stays.
+ * Log: 6 "[client][PrintText] font:SIZE [TEXT]"
+ *      5 "[PrintText] Input param is NULL"
+ *      5 "[PrintText] Input param len is 0"
+ *      5 "[PrintText] font size too big:SIZE", "[PrintText] font size too small:SIZE" */
 TOLVEX_API int PrintText(const char *text, unsigned int fontSize);
 TOLVEX_API int PrintText_stdcall(const char *text, unsigned int fontSize);
 
-/* The same for paper of the given width in millimetres: more than 80 counts as 80, and 0 goes out
- * as 0. Log: level 6 "[PrintTextByPaperWidth] " and the text; level 5 "[PrintTextByPaperWidth]
- * Input param is NULL", "[PrintTextByPaperWidth] Input param len is 0", and the font size as
- * PrintText logs it, under PrintText's name. */
+/* The same for paper of the given width in millimetres, with lines of any length: more than 80
+ * counts as 80, and 0 goes out as 0.
+ * Log: 6 "[PrintTextByPaperWidth] TEXT"
+ *      5 "[PrintTextByPaperWidth] Input param is NULL"
+ *      5 "[PrintTextByPaperWidth] Input param len is 0"
+ *      5 the font size, under PrintText's name */
 TOLVEX_API int PrintTextByPaperWidth(const char *text, unsigned int fontSize, unsigned int width);
 TOLVEX_API int PrintTextByPaperWidth_stdcall(const char *text, unsigned int fontSize,
                                              unsigned int width);
 
-/* Queues an image file for BeginPrint; path is ANSI text. The service reads the image when the job
- * is printed, so the library copies it first, as prt_0 to prt_199 with the extension of the path,
- * into its folder (convention 3), over and over. Where that fails, the path itself is queued; a
- * missing file shows when the job is printed. angle goes out as a 16-bit number, usually 0, 90, 180
- * or 270. Returns a verdict. Log: level 6 "[client][PrintBitmapFile] Angle:ANGLE [PATH]" and the
- * lines of PrintBitmapFileWithAlign, which it calls with alignment 1. The last error stays. */
+/* Queues an image file for BeginPrint; path is ANSI text. angle goes out as a 16-bit number,
+ * usually 0, 90, 180 or 270.
+ *
+ * The service opens the image when the job is printed. So that the application may change its own
+ * file meanwhile, the library copies it into its folder (convention 3), as prt_0 to prt_199 with
+ * the extension of the path, and begins again with prt_0: a job of more than 200 images shows the
+ * later ones in the place of the first, and two applications on one machine share the names. Where
+ * copying fails (no such folder, no such file), the path itself goes out: give an absolute one. The
+ * service must be on this machine and able to read the copy.
+ *
+ * Returns a verdict; a missing file fails in BeginPrint only, an empty path queues nothing. The
+ * last error stays.
+ * Log: 6 "[client][PrintBitmapFile] Angle:ANGLE [PATH]", then as PrintBitmapFileWithAlign, which it
+ *        calls with alignment 1 */
 TOLVEX_API int PrintBitmapFile(const char *path, int angle);
 TOLVEX_API int PrintBitmapFile_stdcall(const char *path, int angle);
 
 /* The same with an alignment: 0, 1 or 2; anything else counts as 1. It is kept with the image and
  * not sent: the service has no such parameter.
- * Returns a verdict. Log: level 6 "[client][PrintBitmapFileWithAlign] Angle:ANGLE, Align:ALIGN
- * [PATH]", "[cacheImage] Copy PATH(size:BYTES) to COPY"; level 5 "[PrintBitmapFileWithAlign] Input
- * param is NULL", "[cacheImage] Copy PATH to COPY Fail". */
+ * Returns a verdict, as PrintBitmapFile.
+ * Log: 6 "[client][PrintBitmapFileWithAlign] Angle:ANGLE, Align:ALIGN [PATH]"
+ *      6 "[cacheImage] Copy PATH(size:BYTES) to COPY"
+ *      5 "[cacheImage] Copy PATH to COPY Fail"
+ *      5 "[PrintBitmapFileWithAlign] Input param is NULL" */
 TOLVEX_API int PrintBitmapFileWithAlign(const char *path, unsigned int angle, unsigned int align);
 
-/* Ends a job: prints what is queued and does what the job type says. The queue is empty afterwards,
- * printed or not, except for the types that do not print.
+/* Ends a job: prints what is queued, confirms the job, and does what else the job type says.
  *
  *   job types                              what is done
  *   0, 2, 7, 204, 205, and any other one   print; nothing queued is a failure (code 1)
@@ -253,40 +274,52 @@ TOLVEX_API int PrintBitmapFileWithAlign(const char *path, unsigned int angle, un
  *   6, 106, 209, 306                       nothing; the queue stays
  *
  * Job types 2, 80, 90, 204, 205, 206 and 208 go to printer type 0, 301 to 311 to printer type 2,
- * all others to printer type 1. The first record that cannot be printed ends the job: the rest is
- * dropped, and nothing is fed or cut. One command goes out for each record, so that the worst case
- * is that many times convention 4. Returns a verdict. Log, where NAME is the type's name or number
- * ("0_Ticket", "8_CUT", "42"): level 6 "[client][BeginPrint] NAME Begin" and "... NAME OK", before
- * a feed or cut "[client][Feed - BeginPrint] NAME OK" (Cut: "[client][Cut - BeginPrint] ...");
- * level 5 "... NAME Err when printing, ret:CODE" for a record, "... NAME Err, ret:0xCODE" for the
- * confirmation of the job, which with a feed or cut changes nothing else, and "[client][BeginPrint]
- * NAME Err, ret:0xff" for a feed, cut or calibration. */
+ * all others to printer type 1.
+ *
+ * One command goes out for each line or image (convention 4 holds for each). The first that fails
+ * ends the job: the rest of the queue is dropped, and nothing is confirmed, fed or cut. What went
+ * out before it is with the printer already: cut it off (BeginPrint(8) with nothing queued, or
+ * cutPaperById) before the job is repeated.
+ *
+ * Returns a verdict. With a feed or a cut it is that of the feed or cut alone: a confirmation that
+ * was refused shows in the log only.
+ * Log, where NAME is the type's name or its number ("0_Ticket", "8_CUT", "42"):
+ *      6 "[client][BeginPrint] NAME Begin", "[client][BeginPrint] NAME OK"
+ *      6 "[client][Feed - BeginPrint] NAME OK", "[client][Cut - BeginPrint] NAME OK": printed and
+ *        confirmed, before the feed or cut
+ *      5 "[client][BeginPrint] NAME Err when printing, ret:CODE" (also Feed - and Cut -): a line or
+ *        image
+ *      5 "[client][BeginPrint] NAME Err, ret:0xCODE" (also Feed - and Cut -): the confirmation
+ *      5 "[client][BeginPrint] NAME Err, ret:0xff": the feed, cut or calibration */
 TOLVEX_API int BeginPrint(int jobType);
 TOLVEX_API int BeginPrint_stdcall(int jobType);
 
-/* ---- Printing at once ---- */
+/* ---- Printing past the queue ---- */
 
-/* Prints UTF-8 text on a printer of this type now, past the queue. Nothing is converted or cut into
- * lines. An empty text goes out as one blank, font size 0 as 28. The job is the service's to end.
- * Returns a code: 2 for a null text, 6 for one of more than 2048 bytes. Log: level 5 "printText
- * Input params is too long(TEXT)!". */
+/* Sends UTF-8 text to a printer of this type now. Nothing is converted or cut into lines; an empty
+ * text goes out as one blank, font size 0 as 28. The line belongs to whatever that printer prints
+ * next: end it with cutPaperById, or the next BeginPrint takes it along.
+ * Returns a code: 2 for a null text, 6 for one of more than 2048 bytes.
+ * Log: 5 "printText Input params is too long(TEXT)!" */
 TOLVEX_API int printTextById(const char *text, unsigned int fontSize, unsigned int printerType);
 
 /* The same for paper of the given width in millimetres (sent times eight, in dots), with a text of
- * any length. Returns a code. Log: level 5 "[printTextByPaperWidth] str is NULL". */
+ * any length. Returns a code: 2 for a null text.
+ * Log: 5 "[printTextByPaperWidth] str is NULL" */
 TOLVEX_API int printTextByPaperWidthById(const char *text, unsigned int fontSize,
                                          unsigned int width, unsigned int printerType);
 
-/* Prints an image file on a printer of this type now. path is UTF-8 and read by the service; no
- * copy is made. Returns a code: 2 for a null or empty path. */
+/* The same for an image file. path is UTF-8 and opened by the service, so make it an absolute one;
+ * no copy is made. Returns a code: 2 for a null or empty path. */
 TOLVEX_API int printBitmapFileById(const char *path, unsigned int angle, unsigned int printerType);
 
 /* Sends any command to the printing service. number becomes the request's "intParam", parameters
  * its "paramList" unless it is null or empty. reply of size bytes gets the whole reply as JSON
- * text; it may be null. wait is the longest wait for the reply, in milliseconds. Returns a code; 2
- * for a null command or an unusable printer name, 5 when the reply is longer than size. Whatever
- * the code, a reply that came is copied, a longer one up to size. The last error is set by a null
- * command only. Log: level 6 "[sendRawCmdToPrt] Req: REQUEST". */
+ * text; it may be null. wait is the longest wait for the reply, in milliseconds.
+ * Returns a code; 2 for a null command or an unusable printer name, 5 when the reply is longer than
+ * size. Whatever the code, a reply that came is copied, a longer one up to size. The last error is
+ * set by a null command only.
+ * Log: 6 "[sendRawCmdToPrt] Req: REQUEST" */
 TOLVEX_API int sendRawCmdToPrt(const char *printerName, const char *command, int number,
                                const char *parameters, char *reply, unsigned int size,
                                unsigned int wait);
@@ -295,29 +328,35 @@ TOLVEX_API int sendRawCmdToPrt(const char *printerName, const char *command, int
 
 /* Feeds blank paper on the default printer. distance is 1 to 1000, in the service's unit; any other
  * is refused: 255, last error 2, nothing sent.
- * Returns a verdict. Log: level 6 "[printBlanks] Entry" and "[printBlanks] OK"; level 5
- * "[printBlanks] Invalid Param:DISTANCE", "[printBlanks] Err:CODE". */
+ * Returns a verdict.
+ * Log: 6 "[printBlanks] Entry", "[printBlanks] OK"
+ *      5 "[printBlanks] Invalid Param:DISTANCE", "[printBlanks] Err:CODE" */
 TOLVEX_API int printBlanks(unsigned int distance);
 TOLVEX_API int printBlanks_stdcall(unsigned int distance);
 
-/* Feeds a distance of 13 on the default printer, or on one of this type. Return a verdict.
- * Log: level 6 "[client][feedPaper] Entry" and "[client][feedPaper] OK"; level 5 "[feedPaper]
- * Err:CODE"; the second one without the client: "[feedPaperById] Entry" and so on. */
+/* Feeds a distance of 13 on the default printer. Returns a verdict.
+ * Log: 6 "[client][feedPaper] Entry", "[client][feedPaper] OK"
+ *      5 "[feedPaper] Err:CODE" */
 TOLVEX_API int feedPaper(void);
 TOLVEX_API int feedPaper_stdcall(void);
+
+/* The same on a printer of this type. Returns a verdict.
+ * Log: 6 "[feedPaperById] Entry", "[feedPaperById] OK"
+ *      5 "[feedPaperById] Err:CODE" */
 TOLVEX_API int feedPaperById(unsigned int printerType);
 
-/* Cuts the paper of the default printer, through 70 percent of its width.
- * Returns a verdict. Log: level 6 "[cutPaper] Entry" and "[cutPaper] OK"; level 5 "[cutPaper] Err:
- * CODE". */
+/* Cuts the paper of the default printer, through 70 percent of its width. Returns a verdict.
+ * Log: 6 "[cutPaper] Entry", "[cutPaper] OK"
+ *      5 "[cutPaper] Err: CODE" */
 TOLVEX_API int cutPaper(void);
 TOLVEX_API int cutPaper_stdcall(void);
 
 /* The same on a printer of this type. Returns a code. */
 TOLVEX_API int cutPaperById(unsigned int printerType);
 
-/* Measures the gap between the labels. Returns a verdict. Log: level 6 "[calibrateLabel] Entry" and
- * "[calibrateLabel] OK"; level 5 "[calibrateLabel] Err: CODE". */
+/* Measures the gap between the labels. Returns a verdict.
+ * Log: 6 "[calibrateLabel] Entry", "[calibrateLabel] OK"
+ *      5 "[calibrateLabel] Err: CODE" */
 TOLVEX_API int calibrateLabel(unsigned int printerType);
 
 /* Calibrates the sensor for the end of the paper. Returns a code. */
@@ -325,41 +364,55 @@ TOLVEX_API int testPaper(unsigned int printerType);
 
 /* ---- Printer settings ---- */
 
-/* Paper width in millimetres (sent times eight, in dots), of a printer of this type, or of the
- * default printer. Return a code. */
+/* Paper width in millimetres (sent times eight, in dots) of a printer of this type. Returns a code.
+ */
 TOLVEX_API int setDefaultPaperWidth(unsigned int width, unsigned int printerType);
+
+/* The same of the default printer. Returns a code. */
 TOLVEX_API int SetDefaultPaperWidth(unsigned int width);
 TOLVEX_API int SetDefaultPaperWidth_stdcall(unsigned int width);
 
-/* Settings of a printer of this type. Each returns a code; setTextWrapMode leaves the last error as
- * it was. */
+/* How labels are told apart, of a printer of this type. Returns a code. */
 TOLVEX_API int setGapType(unsigned int gapType, unsigned int printerType);
+
+/* Which way round a printer of this type prints. Returns a code. */
 TOLVEX_API int setPrinterDirection(unsigned int direction, unsigned int printerType);
+
+/* What a printer of this type does with a line that is too long. Returns a code, and leaves the
+ * last error as it was. */
 TOLVEX_API int setTextWrapMode(unsigned int wrapMode, unsigned int printerType);
 
-/* Settings of the printer of this name. Each returns a code. */
+/* Margins of the printer of this name. Each returns a code. */
 TOLVEX_API int setLeftMargin(unsigned int leftMargin, const char *printerName);
 TOLVEX_API int setRightMargin(unsigned int rightMargin, const char *printerName);
+
+/* Where on the paper the printer of this name begins. Returns a code. */
 TOLVEX_API int setPaperOffset(unsigned int offset, const char *printerName);
+
+/* How dark and how fast the printer of this name prints. Each returns a code. */
 TOLVEX_API int setPrintContrast(unsigned int contrast, const char *printerName);
 TOLVEX_API int setPrintSpeed(unsigned int speed, const char *printerName);
+
+/* Switches automatic printing, or rolling the paper back, of the printer of this name. The number
+ * is sent as it is. Each returns a code. */
 TOLVEX_API int setPrtAutoPrint(unsigned int enable, const char *printerName);
 TOLVEX_API int setRollback(unsigned int enable, const char *printerName);
 
-/* Switches the sensor for taken paper on (non-zero, sent as 1) or off (0).
- * Returns a verdict. Log: level 6 "[client][setTakeupPaperSensor] Entry" and
- * "[client][setTakeupPaperSensor] OK, iEnable: ENABLE"; level 5 "[setTakeupPaperSensor] Err: CODE".
- */
+/* Switches the sensor for taken paper on (non-zero, sent as 1) or off (0). Returns a verdict.
+ * Log: 6 "[client][setTakeupPaperSensor] Entry"
+ *      6 "[client][setTakeupPaperSensor] OK, iEnable: ENABLE"
+ *      5 "[setTakeupPaperSensor] Err: CODE" */
 TOLVEX_API int setTakeupPaperSensor(int enable, const char *printerName);
 
 /* ---- Information and drawer ---- */
 
 /* Copies the names of the printers, as the service lists them, into buffer of size bytes: exactly
- * the text, so zero the buffer beforehand. Returns a verdict; the last error is 2 when buffer is
- * null, 5 when the text is longer than size, 7 when the reply holds no list. Log: level 6
- * "[client][GetPrinterList] Enter" and
- * "[client][GetPrinterList] OK, BUFFER"; level 5 "[GetPrinterList] Err:CODE",
- * "[client][getPrinterList] json parse fail:REPLY". */
+ * the text, so zero the buffer beforehand. The result in the reply does not count: a list that came
+ * is success, a reply without one is code 7, whatever the service's own code.
+ * Returns a verdict; the last error is 2 when buffer is null, 5 when the text is longer than size.
+ * Log: 6 "[client][GetPrinterList] Enter", "[client][GetPrinterList] OK, BUFFER"
+ *      5 "[GetPrinterList] Err:CODE"
+ *      5 "[client][getPrinterList] json parse fail:REPLY" */
 TOLVEX_API int GetPrinterList(char *buffer, unsigned int size);
 TOLVEX_API int GetPrinterList_stdcall(char *buffer, unsigned int size);
 
@@ -370,12 +423,14 @@ TOLVEX_API int GetPrinterStatus_stdcall(unsigned int printerType);
 /* Copies the reply with the printer's firmware version, as JSON text, into buffer of size bytes.
  * Returns a verdict; the last error is 2 for an unusable printer name, 5 when the reply is longer
  * than size or buffer is null. A reply that came is copied whatever the verdict, a longer one up to
- * size. Log: level 6 "[client][getPrinterVersion] Entry" and "[client][getPrinterVersion] OK,
- * ver:BUFFER"; level 5 "[getPrinterVersion] Err: CODE". */
+ * size.
+ * Log: 6 "[client][getPrinterVersion] Entry", "[client][getPrinterVersion] OK, ver:BUFFER"
+ *      5 "[getPrinterVersion] Err: CODE" */
 TOLVEX_API int getPrinterVersion(char *buffer, unsigned int size, const char *printerName);
 
-/* Opens the cash drawer. Returns a verdict. Log: level 6 "[client][OpenCashDrawerEx] Enter" and
- * "[client][OpenCashDrawerEx] OK"; level 5 "[OpenCashDrawerEx] Err: CODE". */
+/* Opens the cash drawer. Returns a verdict.
+ * Log: 6 "[client][OpenCashDrawerEx] Enter", "[client][OpenCashDrawerEx] OK"
+ *      5 "[OpenCashDrawerEx] Err: CODE" */
 TOLVEX_API int OpenCashDrawerEx(void);
 TOLVEX_API int OpenCashDrawerEx_stdcall(void);
 
@@ -402,17 +457,19 @@ TOLVEX_API int setLogLevel(const char *module, const char *level);
 /* Takes the dotted IPv4 address as that of the service. Call it before every other function that
  * needs the service: connections that exist keep their address, and the INI file is read only when
  * no address was set this way.
- * Returns a verdict; 255 for everything that is not such an address. Log: level 5 "[DLL] setting
- * Server IP from SetServerIpForRemoteAccess API, IP: TEXT", or "[DLL] setting Server IP failed from
- * ..."; these lines open the logger before the library has named its folder, so the log of this
- * process lies in c:\Corvane\Log\ (Linux: .../corvane/log/). */
+ * Returns a verdict; 255 for everything that is not such an address.
+ * Log: 5 "[DLL] setting Server IP from SetServerIpForRemoteAccess API, IP: TEXT"
+ *      5 "[DLL] setting Server IP failed from SetServerIpForRemoteAccess API, IP: TEXT"
+ * These lines open the logger before the library has named its folder, so the log of this process
+ * lies in c:\Corvane\Log\ (Linux: .../corvane/log/). */
 TOLVEX_API int SetServerIpForRemoteAccess(const char *ip);
 TOLVEX_API int SetServerIpForRemoteAccess_stdcall(const char *ip);
 
 /* ---- Functions without a device ---- */
 
-/* They exist so that applications written for a fuller interface still bind. Whatever arguments an
- * application passes are ignored; nothing is sent, logged or connected, and the last error stays.
+/* They exist so that applications written for a fuller interface still bind. Whatever arguments
+ * such an application passes, having its own declarations, are ignored; nothing is sent, logged or
+ * connected, and the last error stays.
  * Each returns TOLVEX_OK ... */
 TOLVEX_API int ClosePrinterEx(void);
 TOLVEX_API int ClosePrinterEx_stdcall(void);
@@ -420,8 +477,8 @@ TOLVEX_API int DisplayUpdate(void);
 TOLVEX_API int DisplayUpdate_stdcall(void);
 TOLVEX_API int OpenDisplay(void);
 TOLVEX_API int OpenDisplay_stdcall(void);
-#ifndef OpenPrinter /* <windows.h> makes this name one of the spooler's; there it is not declared \
-                     */
+/* Not declared where <windows.h> has made this name one of the spooler's. */
+#ifndef OpenPrinter
 TOLVEX_API int OpenPrinter(void);
 #endif
 TOLVEX_API int OpenPrinter_stdcall(void);
