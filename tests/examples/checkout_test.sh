@@ -44,8 +44,8 @@ expected='  Scale "SIM 1.0", weights in kg
   |   0,356 kg × 18,90 €/kg                     6,73
   | ------------------------------------------------
   | SUMME €                                     8,17
-  | Gegeben bar                                20,00
-  | Rückgeld                                   11,83
+  | Gegeben bar                                10,00
+  | Rückgeld                                    1,83
   | Enthaltene MwSt. 7 %                        0,53
   |
   |          Vielen Dank für Ihren Einkauf!

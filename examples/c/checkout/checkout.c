@@ -1,8 +1,10 @@
 /* A sale at a checkout, with nothing but exports.h: two articles are weighed, one of them in a
  * bowl; the receipt is printed and cut, the drawer opened, and one article gets a label.
  *
- * Build:  cc checkout.c scale.c receipt.c -ltolvex_dll                               (Linux)
- *         cl /utf-8 checkout.c scale.c receipt.c tolvex_dll.lib checkout.res         (Windows x64)
+ * Build, in this folder, with H for the folder of exports.h and L for that of the library:
+ *   cc -I H checkout.c scale.c receipt.c -L L -ltolvex_dll -o checkout            (Linux)
+ *   x86_64-w64-mingw32-windres checkout.rc checkout.o                             (Windows x64)
+ *   x86_64-w64-mingw32-gcc -I H *.c checkout.o -L L -ltolvex_dll -o checkout.exe
  * Run it while the service, or zelkad-sim in its place, is running. The program asks for what the
  * person at the scale has to do, and waits for it.
  *
@@ -21,7 +23,7 @@
 #include "receipt.h"
 #include "scale.h"
 
-enum { TICKET_PRINTER = 1, CASH_CENTS = 2000 };
+enum { TICKET_PRINTER = 1 };
 
 typedef struct meaning {
   int code;
@@ -29,6 +31,8 @@ typedef struct meaning {
 } meaning;
 
 static const meaning meanings[] = {
+    {TOLVEX_FONT_TOO_SMALL, "The font is too small."},
+    {TOLVEX_FONT_TOO_BIG, "The font is too big."},
     {TOLVEX_RESULT_SOCKET_INTERRUPT,
      "The service does not answer. Is zelkad (or zelkad-sim) running?"},
     {TOLVEX_RESULT_PRINTER_IS_BUSY, "The printer is busy."},
@@ -38,7 +42,7 @@ static const meaning meanings[] = {
     {TOLVEX_RESULT_LC_NOT_CONNECTED, "The scale is not connected."},
 };
 
-static void give_up_with(const char* what, int code) {
+void give_up_with(const char* what, int code) {
   size_t i;
   printf("%s did not work: result code %d.\n", what, code);
   for (i = 0; i < sizeof(meanings) / sizeof(meanings[0]); ++i) {
@@ -95,7 +99,7 @@ int main(int argc, char** argv) {
   state = GetPrinterStatus(TICKET_PRINTER);
   if (state != 0) give_up_with("Looking at the printer", state);
   print_receipt(argc > 1 ? argv[1] : "logo.bmp", argc > 2 ? argv[2] : today(date, sizeof(date)),
-                articles, sizeof(articles) / sizeof(articles[0]), CASH_CENTS);
+                articles, sizeof(articles) / sizeof(articles[0]));
   printf("Receipt printed and cut.\n");
   if (OpenCashDrawerEx() != TOLVEX_OK) give_up("Opening the drawer");
   printf("Drawer opened.\n");

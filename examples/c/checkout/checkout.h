@@ -10,8 +10,9 @@ typedef struct article {
   long cents;
 } article;
 
-/* Tells what did not work, with the library's result code and what it means here, and ends the
- * program with exit code 1. */
+/* Tells what did not work, with the result code or verdict and what it means here, and ends the
+ * program with exit code 1. The first one takes the library's last result code. */
 void give_up(const char* what);
+void give_up_with(const char* what, int code);
 
 #endif

@@ -15,7 +15,8 @@ enum {
   LARGE = 48,
   LABEL_MM = 56,
   LINE_BYTES = 256,
-  TAX_PERCENT = 7
+  TAX_PERCENT = 7,
+  NOTE_CENTS = 1000
 };
 
 /* Job types. */
@@ -39,10 +40,13 @@ static int columns_of(const char* text) {
 
 static int columns_at(int font_size) { return PAPER_MM * DOTS_PER_MM / (font_size / 2); }
 
+/* Queuing sends nothing, so it leaves no result code behind: its verdict tells all. */
+static void queued(int verdict) {
+  if (verdict != TOLVEX_OK) give_up_with("Queuing a line or an image", verdict);
+}
+
 static void line(const char* text, int font_size) {
-  if (PrintTextByPaperWidth(text, (unsigned)font_size, PAPER_MM) != TOLVEX_OK) {
-    give_up("Queuing a line");
-  }
+  queued(PrintTextByPaperWidth(text, (unsigned)font_size, PAPER_MM));
 }
 
 static void centred(const char* text, int font_size) {
@@ -87,11 +91,10 @@ static void print_total(long total, long cash) {
   apart(left, amount(sum, sizeof(sum), tax), NORMAL);
 }
 
-void print_receipt(const char* logo_file, const char* date, const article* articles, size_t count,
-                   long cash_cents) {
+void print_receipt(const char* logo_file, const char* date, const article* articles, size_t count) {
   long total = 0;
   size_t i;
-  if (PrintBitmapFile(logo_file, 0) != TOLVEX_OK) give_up("Queuing the logo");
+  queued(PrintBitmapFile(logo_file, 0));
   centred("Lindenstraße 7 · 50674 Köln", NORMAL);
   /* An empty text prints nothing; a line feed is an empty line. */
   line("\n", NORMAL);
@@ -102,7 +105,7 @@ void print_receipt(const char* logo_file, const char* date, const article* artic
     total += articles[i].cents;
   }
   rule();
-  print_total(total, cash_cents);
+  print_total(total, (total + NOTE_CENTS - 1) / NOTE_CENTS * NOTE_CENTS);
   line("\n", NORMAL);
   centred("Vielen Dank für Ihren Einkauf!", NORMAL);
   centred("谢谢惠顾 · Спасибо за покупку", NORMAL);
@@ -113,12 +116,12 @@ void print_receipt(const char* logo_file, const char* date, const article* artic
 void print_label(const article* one) {
   char text[LINE_BYTES];
   char price[32];
-  if (PrintText(one->name, 36) != TOLVEX_OK) give_up("Queuing the label");
+  queued(PrintText(one->name, 36));
   snprintf(text, sizeof(text), "Netto %ld,%03ld kg\n%s €/kg", one->grams / 1000, one->grams % 1000,
            amount(price, sizeof(price), one->cents_per_kg));
-  PrintText(text, 28);
+  queued(PrintText(text, 28));
   snprintf(text, sizeof(text), "%s €", amount(price, sizeof(price), one->cents));
-  PrintText(text, 72);
-  PrintText("Kühl lagern, 2–8 °C", NORMAL);
+  queued(PrintText(text, 72));
+  queued(PrintText("Kühl lagern, 2–8 °C", NORMAL));
   if (BeginPrint(LABEL_JOB) != TOLVEX_OK) give_up("Printing the label");
 }

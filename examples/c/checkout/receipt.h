@@ -6,10 +6,9 @@
 
 #include "checkout.h"
 
-/* Prints the receipt of a sale, paid in cash, with the logo at its head, and cuts it. date is text
+/* Prints the receipt of a sale, paid with the next ten-euro notes, with the logo at its head, and cuts it. date is text
  * such as "21.11.2026". */
-void print_receipt(const char* logo_file, const char* date, const article* articles, size_t count,
-                   long cash_cents);
+void print_receipt(const char* logo_file, const char* date, const article* articles, size_t count);
 
 /* Prints one label for an article. */
 void print_label(const article* one);
