@@ -14,10 +14,9 @@ namespace bench {
 class StateFolder {
  public:
   StateFolder() {
-    char name[] = "/tmp/tolvex_bench.XXXXXX";
-    if (mkdtemp(name) == nullptr) throw std::runtime_error("no temporary folder");
-    path_ = name;
-    setenv("XDG_STATE_HOME", name, 1);
+    path_ = (std::filesystem::temp_directory_path() / "tolvex_bench.XXXXXX").string();
+    if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    setenv("XDG_STATE_HOME", path_.c_str(), 1);
   }
   ~StateFolder() {
     std::error_code ignored;
