@@ -20,6 +20,13 @@ include(GoogleTest)
 
 include(cmake/locales.cmake)
 
+# The headers that every test includes, compiled once. A program of its own, since a precompiled header
+# serves only what is compiled with the same options.
+add_executable(test_headers ${PROJECT_SOURCE_DIR}/cmake/test_headers.cpp)
+target_link_libraries(test_headers PRIVATE tolvex::options gtest)
+target_compile_options(test_headers PRIVATE -O1)
+target_precompile_headers(test_headers PRIVATE <gtest/gtest.h> <filesystem> <functional> <string> <thread> <vector>)
+
 # A program of tests, without any CTest test of it yet.
 #   tolvex_test_program(NAME SOURCES file... [LIBRARIES target...])
 function(tolvex_test_program name)
@@ -28,6 +35,9 @@ function(tolvex_test_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE tolvex::options ${arg_LIBRARIES} gtest_main)
+  # What is tested is optimised as it ships; the tests themselves need not be.
+  target_compile_options(${name} PRIVATE -O1)
+  target_precompile_headers(${name} REUSE_FROM test_headers)
 endfunction()
 
 # One CTest test for each GoogleTest test of a program, or for each that the filter names. With LOCALE

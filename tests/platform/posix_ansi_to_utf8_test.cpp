@@ -16,6 +16,13 @@ namespace {
 
 const std::string kReplaced = "\xEF\xBF\xBD";
 constexpr std::size_t kMebibyte = 1u << 20;
+// Sanitizers look at all that is left of the text in each call of iconv, of which an invalid byte takes
+// two.
+#if defined(__SANITIZE_THREAD__) || defined(__SANITIZE_ADDRESS__)
+constexpr std::size_t kManyBytes = 1u << 15;
+#else
+constexpr std::size_t kManyBytes = kMebibyte;
+#endif
 
 const char kEuroInUtf8[] = "1 \xE2\x82\xAC";
 
@@ -31,18 +38,18 @@ TEST(InGbk, InvalidBytesAreReplacedAndTheRestSurvives) {
 
 TEST(InGbk, EuroSignIsASingleByte) { EXPECT_EQ(AnsiToUtf8("\x80"), "\xE2\x82\xAC"); }
 
-TEST(InGbk, MebibyteOfInvalidBytesIsReplaced) {
-  EXPECT_TRUE(AnsiToUtf8(std::string(kMebibyte, '\xFF').c_str()) ==
-              test::repeated(kReplaced, kMebibyte));
+TEST(InGbk, ManyInvalidBytesAreReplaced) {
+  EXPECT_TRUE(AnsiToUtf8(std::string(kManyBytes, '\xFF').c_str()) ==
+              test::repeated(kReplaced, kManyBytes));
 }
 
 TEST(InCp1251, ByteWithoutACharacterIsReplaced) {
   EXPECT_EQ(AnsiToUtf8("a\x98\xE6"), "a" + kReplaced + "\xD0\xB6");
 }
 
-TEST(InCp1251, MebibyteOfInvalidBytesIsReplaced) {
-  EXPECT_TRUE(AnsiToUtf8(std::string(kMebibyte, '\x98').c_str()) ==
-              test::repeated(kReplaced, kMebibyte));
+TEST(InCp1251, ManyInvalidBytesAreReplaced) {
+  EXPECT_TRUE(AnsiToUtf8(std::string(kManyBytes, '\x98').c_str()) ==
+              test::repeated(kReplaced, kManyBytes));
 }
 
 TEST(InLatin1, EveryByteIsACharacter) {
