@@ -131,14 +131,15 @@ class Drawing {
 
   std::string labels() const {
     if (!hasLabels(paper_)) return {};
-    return labelRectangles(left_, format_.width, " fill=\"#fff\" stroke=\"#cfc7a8\"");
+    return labelRectangles(
+        left_, format_.width,
+        " rx=\"" + number(kCornerRadius) + "\" fill=\"#fff\" stroke=\"#cfc7a8\"");
   }
 
-  std::string labelRectangles(double x, double width, const std::string& style) const {
+  std::string labelRectangles(double x, double width, const std::string& more) const {
     std::string rectangles;
     for (int label = 0; label < labelCount(); ++label) {
-      rectangles += rectangle(x, label * pitch(), width, format_.labelHeight,
-                              " rx=\"" + number(kCornerRadius) + "\"" + style);
+      rectangles += rectangle(x, label * pitch(), width, format_.labelHeight, more);
     }
     return rectangles;
   }

@@ -160,12 +160,12 @@ TEST(SvgLabels, AreShownWholeToTheLastOne) {
   EXPECT_EQ(labels(265), 2);
 }
 
-TEST(SvgLabels, ShowNothingBetweenThem) {
+TEST(SvgLabels, ShowNothingBetweenThemAndAllOfTheirCorners) {
   const std::string whole = svg(kLabels, {ImageItem{Bitmap(8, 300)}});
   EXPECT_TRUE(has(whole,
                   "<clipPath id=\"printable\">\n"
-                  "<rect x=\"0\" y=\"0\" width=\"320\" height=\"240\" rx=\"12\"/>\n"
-                  "<rect x=\"0\" y=\"264\" width=\"320\" height=\"240\" rx=\"12\"/>\n</clipPath>"));
+                  "<rect x=\"0\" y=\"0\" width=\"320\" height=\"240\"/>\n"
+                  "<rect x=\"0\" y=\"264\" width=\"320\" height=\"240\"/>\n</clipPath>"));
 }
 
 TEST(SvgLabels, EndInAStraightEdgeAfterACut) {
