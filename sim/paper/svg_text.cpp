@@ -24,7 +24,8 @@ constexpr double kLeadingAbove = 0.125;
 enum class Kind {
   Narrow,  // glyphs of one character that each have a place of their own
   Wide,
-  Joined,  // glyphs whose characters only make sense together
+  Whole,   // one glyph whose characters only make sense together
+  Joined,  // glyphs that only make sense together
 };
 
 // Glyphs of one kind side by side.
@@ -36,6 +37,10 @@ struct Run {
 
 // Scripts that are written from right to left or whose letters change with their neighbours.
 bool isShaped(char32_t character) {
+  if (character > 0xFFFF) {
+    return (character >= 0x10800 && character < 0x12000) ||
+           (character >= 0x1E800 && character < 0x1F000);
+  }
   return (character >= 0x0590 && character < 0x10A0) ||
          (character >= 0x1780 && character < 0x1AB0) ||
          (character >= 0xFB1D && character < 0xFE00) || (character >= 0xFE70 && character < 0xFEFF);
@@ -44,13 +49,25 @@ bool isShaped(char32_t character) {
 Kind kindOf(const Glyph& glyph) {
   std::string_view rest = glyph.text;
   const char32_t character = takeCharacter(rest);
+  if (isShaped(character)) return Kind::Joined;
   // Viewers do not agree on how many places characters beyond the first plane count for.
-  if (!rest.empty() || character > 0xFFFF || isShaped(character)) return Kind::Joined;
+  if (!rest.empty() || character > 0xFFFF) return Kind::Whole;
   return glyph.cells == 2 ? Kind::Wide : Kind::Narrow;
 }
 
+bool isRegionalIndicator(const Glyph& glyph) {
+  std::string_view rest = glyph.text;
+  const char32_t character = takeCharacter(rest);
+  return character >= 0x1F1E6 && character <= 0x1F1FF;
+}
+
+// Side by side under one width, glyphs share it as the viewer's font has it.
 bool continues(const Run& run, const Glyph& glyph, Kind kind) {
-  return run.kind == kind && (kind != Kind::Joined || run.glyphs.back().cells == glyph.cells);
+  if (run.kind != kind) return false;
+  if (kind != Kind::Whole) return true;
+  // Two of them make a flag.
+  return run.glyphs.size() == 1 && isRegionalIndicator(run.glyphs.front()) &&
+         isRegionalIndicator(glyph);
 }
 
 bool isBlank(const Run& run) {
@@ -65,7 +82,6 @@ void joinWords(std::vector<Run>& runs) {
   const Run& gap = runs[runs.size() - 2];
   const Run& word = runs.back();
   if (words.kind != Kind::Joined || word.kind != Kind::Joined || !isBlank(gap)) return;
-  if (words.glyphs.front().cells != 1 || word.glyphs.front().cells != 1) return;
   words.glyphs.insert(words.glyphs.end(), gap.glyphs.begin(), gap.glyphs.end());
   words.glyphs.insert(words.glyphs.end(), word.glyphs.begin(), word.glyphs.end());
   runs.erase(runs.end() - 2, runs.end());
@@ -126,12 +142,13 @@ class LineWriter {
     std::string text;
     int cells = 0;
     std::string places;
+    const bool hasOnePlace = run.kind == Kind::Whole || run.kind == Kind::Joined;
     const bool isWide = run.glyphs.front().cells == 2;
     const double size = item_.fontSize * (isWide ? kWideSize : kNarrowSize);
     // Wide glyphs are somewhat smaller than their cells and stand in the middle.
     const double margin = isWide ? (item_.fontSize - size) / 2 : 0;
     for (const Glyph& glyph : run.glyphs) {
-      if (cells == 0 || run.kind != Kind::Joined) {
+      if (cells == 0 || !hasOnePlace) {
         if (cells != 0) places += ' ';
         places += svgNumber(placeOf(run.firstCell + cells) + margin);
       }
@@ -139,7 +156,7 @@ class LineWriter {
       cells += glyph.cells;
     }
     std::string attributes = attribute("x", places) + attribute("font-size", svgNumber(size));
-    if (run.kind == Kind::Joined) {
+    if (hasOnePlace) {
       attributes += attribute("textLength", svgNumber(cells * cellWidth_ - 2 * margin)) +
                     attribute("lengthAdjust", "spacingAndGlyphs");
     }

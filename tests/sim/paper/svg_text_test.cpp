@@ -71,6 +71,26 @@ TEST(SvgText, PlacesEmojiAsAWhole) {
                         narrow("20", "x")));
 }
 
+TEST(SvgText, PutsEachOfSeveralEmojiIntoItsCell) {
+  EXPECT_EQ(line("\U0001F34E\U0001F34C"),
+            textElement(joined("x=\"0.8\" font-size=\"18.4\" textLength=\"18.4\"", "\U0001F34E") +
+                        joined("x=\"20.8\" font-size=\"18.4\" textLength=\"18.4\"", "\U0001F34C")));
+}
+
+TEST(SvgText, PutsEachOfSeveralGlyphsWithMarksIntoItsCell) {
+  EXPECT_EQ(line("e\u0301o\u0308"),
+            textElement(joined("x=\"0\" font-size=\"16.6\" textLength=\"10\"", "e\u0301") +
+                        joined("x=\"10\" font-size=\"16.6\" textLength=\"10\"", "o\u0308")));
+}
+
+TEST(SvgText, LeavesTheTwoHalvesOfAFlagTogether) {
+  const std::string german = "\U0001F1E9\U0001F1EA";
+  const std::string swiss = "\U0001F1E8\U0001F1ED";
+  EXPECT_EQ(line(german + swiss),
+            textElement(joined("x=\"0\" font-size=\"16.6\" textLength=\"20\"", german) +
+                        joined("x=\"20\" font-size=\"16.6\" textLength=\"20\"", swiss)));
+}
+
 TEST(SvgText, LeavesWordsThatAreShapedInOnePiece) {
   EXPECT_EQ(
       line("\u05D0\u05D1 \u05D2 1"),
@@ -80,6 +100,13 @@ TEST(SvgText, LeavesWordsThatAreShapedInOnePiece) {
             textElement(joined("x=\"0\" font-size=\"16.6\" textLength=\"10\"", "\u05D0") +
                         narrow("10 20 30", " 1 ") +
                         joined("x=\"40\" font-size=\"16.6\" textLength=\"10\"", "\u05D1")));
+  // With marks, and beyond the first plane.
+  const std::string marked = "\u0628\u064E\u0628";
+  EXPECT_EQ(line(marked),
+            textElement(joined("x=\"0\" font-size=\"16.6\" textLength=\"20\"", marked)));
+  const std::string adlam = "\U0001E900\U0001E901";
+  EXPECT_EQ(line(adlam),
+            textElement(joined("x=\"0\" font-size=\"16.6\" textLength=\"20\"", adlam)));
 }
 
 TEST(SvgText, EscapesMarkup) {
