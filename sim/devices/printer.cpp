@@ -13,6 +13,9 @@ namespace {
 constexpr int kGapBetweenLabels = 1;
 constexpr int kWholeWidthPercent = 100;
 
+// So that it can come before the first print as one feed.
+static_assert(Printer::kMostFreshPaper <= std::min(kMaxItemHeight, Job::kMaxLength));
+
 }  // namespace
 
 Printer::Printer(PrinterModel model, JobLog& log) : model_(std::move(model)), log_(log) {
@@ -117,7 +120,7 @@ ResultCode Printer::feed(int mm) {
   const int dots = mm * kDotsPerMm;
   if (job_) return put({FeedItem{dots}});
   if (const ResultCode code = status(); code != ResultCode::Ok) return code;
-  if (fed_ + dots > kMaxItemHeight) return ResultCode::TooMuchToPrint;
+  if (fed_ + dots > kMostFreshPaper) return ResultCode::TooMuchToPrint;
   fed_ += dots;
   return ResultCode::Ok;
 }

@@ -31,6 +31,8 @@ class Printer {
   static constexpr int kSmallestFont = 8;
   static constexpr int kLargestFont = 255;
   static constexpr int kLongestFeedMm = 1000;
+  /// Most fresh paper, in dots, that is fed before something is printed on it.
+  static constexpr int kMostFreshPaper = 10'000 * kDotsPerMm;
   /// As many dots have to be left between the margins.
   static constexpr int kNarrowestText = 64;
 
@@ -65,7 +67,7 @@ class Printer {
   ResultCode finishJob();
 
   /// Moves the paper on by 1 to kLongestFeedMm. It belongs to the job that was printed last, or, on
-  /// fresh paper, of which there can be 10 m, to the next one.
+  /// fresh paper, of which there can be kMostFreshPaper, to the next one.
   ResultCode feed(int mm);
 
   /// Cuts through 1 to 100 percent of the paper. Finishes the job that the paper belongs to; what

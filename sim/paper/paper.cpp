@@ -7,8 +7,8 @@ namespace tolvex::sim {
 
 namespace {
 
-// Where a paper ends that never ends.
-constexpr long long kMaxLength = 1'000'000'000;
+// What stays the length of a paper that grows for ever.
+constexpr long long kEndlessLength = 1'000'000'000;
 
 struct Height {
   long long operator()(const TextItem& text) const { return text.fontSize + text.fontSize / 4LL; }
@@ -21,7 +21,7 @@ bool isContent(const PaperItem& item) {
   return std::holds_alternative<TextItem>(item) || std::holds_alternative<ImageItem>(item);
 }
 
-int clampLength(long long length) { return static_cast<int>(std::min(length, kMaxLength)); }
+int clampLength(long long length) { return static_cast<int>(std::min(length, kEndlessLength)); }
 
 }  // namespace
 
