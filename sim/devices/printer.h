@@ -40,7 +40,7 @@ class Printer {
 
   int type() const { return model_.type; }
   const std::string& name() const { return model_.name; }
-  bool hasLabels() const { return model_.format.labelHeight > 0; }
+  bool hasLabels() const { return model_.format.hasLabels(); }
 
   void setFault(PrinterFault fault, bool on);
   bool isPluggedIn() const;

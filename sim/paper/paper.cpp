@@ -37,15 +37,14 @@ void Paper::add(PaperItem item) {
 }
 
 int Paper::topFor(const PaperItem& item) const {
-  if (format_.labelHeight <= 0 || !isContent(item)) return length_;
-  const long long pitch = static_cast<long long>(format_.labelHeight) + format_.labelGap;
-  const long long used = length_ % pitch;
+  if (!format_.hasLabels() || !isContent(item)) return length_;
+  const int used = length_ % format_.pitch();
   const int height = heightOf(item);
   const bool isInGap = used >= format_.labelHeight;
   const bool fitsOnNext = height <= format_.labelHeight;
   const bool fitsHere = used + height <= format_.labelHeight;
   if (!isInGap && (fitsHere || !fitsOnNext)) return length_;
-  return clampLength((length_ / pitch + 1) * pitch);
+  return clampLength((length_ / format_.pitch() + 1LL) * format_.pitch());
 }
 
 }  // namespace tolvex::sim

@@ -22,6 +22,15 @@ struct PaperFormat {
   int printable;        // width that the head reaches, in the middle of the paper
   int labelHeight = 0;  // 0: a roll without labels
   int labelGap = 0;     // between one label and the next
+
+  bool hasLabels() const { return labelHeight > 0; }
+
+  /// From the beginning of one label to that of the next.
+  int pitch() const { return labelHeight + labelGap; }
+
+  /// Where labels begin and end, 0 for the first one.
+  int topOfLabel(int label) const { return label * pitch(); }
+  int endOfLabel(int label) const { return topOfLabel(label) + labelHeight; }
 };
 
 /// One line of text at the left end of the printable width plus indent.

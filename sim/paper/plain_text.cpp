@@ -35,11 +35,11 @@ class PlainText {
 
   // Blank paper up to `top`, with the ends of labels on the way.
   void advanceTo(int top) {
-    while (hasLabels() && top >= endOfLabel() + format_.labelGap) {
-      addBlankUpTo(endOfLabel());
+    while (format_.hasLabels() && top >= format_.topOfLabel(label_ + 1)) {
+      addBlankUpTo(format_.endOfLabel(label_));
       addRule(". ");
       ++label_;
-      at_ = std::max(at_, label_ * pitch());
+      at_ = std::max(at_, format_.topOfLabel(label_));
     }
     addBlankUpTo(top);
   }
@@ -49,10 +49,6 @@ class PlainText {
   std::string take() { return std::move(text_); }
 
  private:
-  bool hasLabels() const { return format_.labelHeight > 0; }
-  int pitch() const { return format_.labelHeight + format_.labelGap; }
-  int endOfLabel() const { return label_ * pitch() + format_.labelHeight; }
-
   std::string blanks(int indent) const {
     return std::string(static_cast<std::size_t>(std::clamp(indent, 0, format_.width) / kCellWidth),
                        ' ');

@@ -32,8 +32,6 @@ std::string rectangle(double x, double y, double width, double height, const std
          "\" height=\"" + number(height) + "\"" + more + "/>\n";
 }
 
-bool hasLabels(const Paper& paper) { return paper.format().labelHeight > 0; }
-
 // The cut that ends the paper, nothing if it was torn off.
 const CutItem* cutAtEnd(const Paper& paper) {
   if (paper.isEmpty()) return nullptr;
@@ -54,8 +52,8 @@ class Drawing {
       : paper_(paper),
         format_(paper.format()),
         left_(-(format_.width - format_.printable) / 2.0),
-        side_(hasLabels(paper) ? kBacking : 0),
-        top_(hasLabels(paper) ? -format_.labelGap / 2.0 - kBacking / 2.0 : -kHead) {}
+        side_(format_.hasLabels() ? kBacking : 0),
+        top_(format_.hasLabels() ? -format_.labelGap / 2.0 - kBacking / 2.0 : -kHead) {}
 
   std::string take() {
     const double width = format_.width + 2.0 * (side_ + kMargin);
@@ -76,13 +74,13 @@ class Drawing {
   }
 
  private:
-  int pitch() const { return format_.labelHeight + format_.labelGap; }
-
-  int labelCount() const { return paper_.length() > 0 ? (paper_.length() - 1) / pitch() + 1 : 1; }
+  int labelCount() const {
+    return paper_.length() > 0 ? (paper_.length() - 1) / format_.pitch() + 1 : 1;
+  }
 
   double bottom() const {
-    if (!hasLabels(paper_)) return paper_.length() + (cutAtEnd(paper_) != nullptr ? 0 : kTail);
-    return labelCount() * pitch() - format_.labelGap / 2.0 + kBacking / 2.0;
+    if (!format_.hasLabels()) return paper_.length() + (cutAtEnd(paper_) != nullptr ? 0 : kTail);
+    return format_.endOfLabel(labelCount() - 1) + format_.labelGap / 2.0 + kBacking / 2.0;
   }
 
   // The outline of the paper or the backing, from the upper left corner clockwise.
@@ -123,14 +121,14 @@ class Drawing {
 
   std::string sheet() const {
     const std::string path = outline();
-    const char* fill = hasLabels(paper_) ? "#e3d9b8" : "#fff";
+    const char* fill = format_.hasLabels() ? "#e3d9b8" : "#fff";
     return "<path d=\"" + path +
            "\" transform=\"translate(3 4)\" fill=\"#000\" opacity=\".10\"/>\n" + "<path d=\"" +
            path + "\" fill=\"" + fill + "\" stroke=\"#c4c4be\"/>\n";
   }
 
   std::string labels() const {
-    if (!hasLabels(paper_)) return {};
+    if (!format_.hasLabels()) return {};
     return labelRectangles(
         left_, format_.width,
         " rx=\"" + number(kCornerRadius) + "\" fill=\"#fff\" stroke=\"#cfc7a8\"");
@@ -139,14 +137,14 @@ class Drawing {
   std::string labelRectangles(double x, double width, const std::string& more) const {
     std::string rectangles;
     for (int label = 0; label < labelCount(); ++label) {
-      rectangles += rectangle(x, label * pitch(), width, format_.labelHeight, more);
+      rectangles += rectangle(x, format_.topOfLabel(label), width, format_.labelHeight, more);
     }
     return rectangles;
   }
 
   // What the head does not reach, or what would fall between the labels, is not printed.
   std::string content() const {
-    std::string area = hasLabels(paper_)
+    std::string area = format_.hasLabels()
                            ? labelRectangles(0, format_.printable, "")
                            : rectangle(0, top_, format_.printable, bottom() - top_, "");
     std::string svg = "<clipPath id=\"printable\">\n" + area + "</clipPath>\n";
