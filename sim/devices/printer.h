@@ -70,8 +70,9 @@ class Printer {
   /// fresh paper, of which there can be kMostFreshPaper, to the next one.
   ResultCode feed(int mm);
 
-  /// Cuts through 1 to 100 percent of the paper. Finishes the job that the paper belongs to; what
-  /// comes next stands on fresh paper. On fresh paper only what was fed is cut off.
+  /// Cuts through 1 to 100 percent of the paper, below the label that has begun. Finishes the job
+  /// that the paper belongs to; what comes next stands on fresh paper. On fresh paper only what was
+  /// fed is cut off.
   ResultCode cut(int percent);
 
   /// Learns the gap between labels; PrtDrvReturnError on a printer without labels.

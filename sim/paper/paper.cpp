@@ -37,14 +37,24 @@ void Paper::add(PaperItem item) {
 }
 
 int Paper::topFor(const PaperItem& item) const {
-  if (!format_.hasLabels() || !isContent(item)) return length_;
+  if (!format_.hasLabels()) return length_;
+  if (isContent(item)) return topOnLabels(heightOf(item));
+  return std::holds_alternative<CutItem>(item) ? topOfCut() : length_;
+}
+
+int Paper::topOnLabels(int height) const {
   const int used = length_ % format_.pitch();
-  const int height = heightOf(item);
   const bool isInGap = used >= format_.labelHeight;
   const bool fitsOnNext = height <= format_.labelHeight;
   const bool fitsHere = used + height <= format_.labelHeight;
   if (!isInGap && (fitsHere || !fitsOnNext)) return length_;
   return clampLength((length_ / format_.pitch() + 1LL) * format_.pitch());
+}
+
+int Paper::topOfCut() const {
+  const int used = length_ % format_.pitch();
+  if (used == 0 || used >= format_.labelHeight) return length_;
+  return clampLength(static_cast<long long>(length_) + format_.labelHeight - used);
 }
 
 }  // namespace tolvex::sim

@@ -67,7 +67,8 @@ class Paper {
   explicit Paper(const PaperFormat& format) : format_(format) {}
 
   /// Puts the item below what is there. On labels, a text or an image that would reach beyond its
-  /// label begins the next one, unless it is higher than a label.
+  /// label begins the next one, unless it is higher than a label; a cut goes to
+  /// the end of a label that has begun.
   void add(PaperItem item);
 
   const PaperFormat& format() const { return format_; }
@@ -77,12 +78,14 @@ class Paper {
   /// Where each of items() begins, from the top of the paper.
   const std::vector<int>& tops() const { return tops_; }
 
-  /// Length of what was printed and fed, gaps between labels included, without margins or what is
-  /// left of the last label.
+  /// Length of what was printed and fed, gaps between labels included, without margins; what is
+  /// left of the last label only belongs to it when it is cut.
   int length() const { return length_; }
 
  private:
   int topFor(const PaperItem& item) const;
+  int topOnLabels(int height) const;
+  int topOfCut() const;
 
   PaperFormat format_;
   std::vector<PaperItem> items_;

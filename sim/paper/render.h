@@ -10,9 +10,9 @@ namespace tolvex::sim {
 /// The paper as an SVG picture that stands alone: text as text, images embedded, in the
 /// proportions of the head (one unit of the view box is one dot; width and height are in mm). A
 /// roll has a torn lower edge or, after a cut, a straight one, with the torn bridge that a partial
-/// cut leaves; labels lie on their backing with gaps between them, the last one whole. What lies
-/// beyond the printable width or between two labels is not shown. Text of any bytes gives
-/// well-formed XML.
+/// cut leaves; labels lie on their backing with gaps between them, the last one whole, its cut
+/// below it. What lies beyond the printable width or between two labels is not shown. Text of any
+/// bytes gives well-formed XML.
 std::string svgOf(const Paper& paper);
 
 /// What can be read on the paper, one line of text for each printed one, in UTF-8 with "\n" ends

@@ -83,6 +83,14 @@ TEST_F(PrinterJob, ACutFinishesWhatWasNotConfirmed) {
   EXPECT_EQ(paperOf(2), (Items{"\"b\"@24"}));
 }
 
+TEST_F(PrinterJob, ACutLabelIsAsLongAsItIs) {
+  label_.printText("a", 24);
+  label_.finishJob();
+  EXPECT_EQ(printers_.jobs().newest()->paper().length(), 30);
+  EXPECT_EQ(label_.cut(70), ResultCode::Ok);
+  EXPECT_EQ(printers_.jobs().newest()->paper().length(), 320);
+}
+
 TEST_F(PrinterJob, AFeedWithinItIsBlankPaper) {
   ticket_.printText("a", 24);
   EXPECT_EQ(ticket_.feed(5), ResultCode::Ok);

@@ -102,13 +102,26 @@ TEST(Labels, PrintNothingIntoGaps) {
   EXPECT_EQ(paper.tops(), (Tops{0, 20, 120}));
 }
 
-TEST(Labels, AreCutWhereTheyStand) {
+TEST(Labels, AreCutAtTheirEnd) {
+  const Paper paper = paperOf(kLabels, {image(60), CutItem{100}});
+  EXPECT_EQ(paper.tops(), (Tops{0, 100}));
+  EXPECT_EQ(paper.length(), 100);
+  EXPECT_EQ(paperOf(kLabels, {image(60), image(60), CutItem{100}}).tops(), (Tops{0, 120, 220}));
+  EXPECT_EQ(paperOf(kLabels, {image(1), CutItem{70}, CutItem{70}}).tops(), (Tops{0, 100, 100}));
+}
+
+TEST(Labels, AreCutBetweenThemWhereThePaperStands) {
   EXPECT_EQ(paperOf(kLabels, {image(100), CutItem{100}, image(10)}).tops(), (Tops{0, 100, 120}));
+  EXPECT_EQ(paperOf(kLabels, {FeedItem{119}, CutItem{100}}).tops(), (Tops{0, 119}));
+  EXPECT_EQ(paperOf(kLabels, {FeedItem{120}, CutItem{100}}).tops(), (Tops{0, 120}));
+  EXPECT_EQ(paperOf(kLabels, {FeedItem{121}, CutItem{100}}).tops(), (Tops{0, 220}));
+  EXPECT_EQ(paperOf(kLabels, {CutItem{100}}).tops(), Tops{0});
 }
 
 TEST(Labels, MayFollowWithoutAGap) {
   const PaperFormat format{464, 384, 100, 0};
   EXPECT_EQ(paperOf(format, {image(60), image(60)}).tops(), (Tops{0, 100}));
+  EXPECT_EQ(paperOf(format, {image(100), CutItem{100}}).tops(), (Tops{0, 100}));
 }
 
 TEST(Labels, GrowToALimit) {

@@ -84,6 +84,10 @@ TEST(PlainText, ShowsWhatWasLeftOfALabel) {
   EXPECT_EQ(textOf(kLabels, {TextItem{"a", 24}, TextItem{"b", 96}}), "a\n\n\n\n. . . . .\nb\n");
 }
 
+TEST(PlainText, ShowsTheCutOfALabelBelowAllOfIt) {
+  EXPECT_EQ(textOf(kLabels, {TextItem{"a", 24}, CutItem{100}}), "a\n\n\n\n- - - - -\n");
+}
+
 TEST(PlainText, ShowsLabelsThatWereFed) {
   EXPECT_EQ(textOf(kLabels, {TextItem{"a", 96}, FeedItem{24 + 120 + 24}, TextItem{"b", 96}}),
             "a\n. . . . .\n\n\n\n\n. . . . .\nb\n");

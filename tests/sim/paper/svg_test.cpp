@@ -170,6 +170,12 @@ TEST(SvgLabels, ShowNothingBetweenThemAndAllOfTheirCorners) {
 
 TEST(SvgLabels, EndInAStraightEdgeAfterACut) {
   EXPECT_EQ(lowerEdgeOf(svg(kLabels, {FeedItem{240}, CutItem{100}})), "V260H-56Z");
+  EXPECT_EQ(lowerEdgeOf(svg(kLabels, {TextItem{"a", 24}, CutItem{100}})), "V260H-56Z");
+}
+
+TEST(SvgLabels, MarkEarlierCutsBelowTheLabel) {
+  EXPECT_TRUE(has(svg(kLabels, {TextItem{"a", 24}, CutItem{100}, TextItem{"b", 24}}),
+                  "\"M-56 240h216M376 240h-216\""));
 }
 
 }  // namespace
