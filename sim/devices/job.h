@@ -36,6 +36,9 @@ class Job {
   void finish() { finished_ = true; }
   /// The paper ends here. Always fits.
   void cut(int percent);
+  /// The printer is done with the paper: gives back the memory that only serves to draw it once
+  /// more after a change.
+  void settle() { paper_.forgetDrawing(); }
 
  private:
   int number_;

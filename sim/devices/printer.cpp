@@ -90,8 +90,7 @@ ResultCode Printer::print(std::vector<PaperItem> items) {
   auto job = std::make_shared<Job>(log_.nextNumber(), name(), format);
   if (fed_ > 0) job->add({FeedItem{fed_}});  // never too long by itself
   if (!job->add(std::move(items))) return ResultCode::TooMuchToPrint;
-  job_ = std::move(job);
-  fed_ = 0;
+  beginFreshPaper(std::move(job));
   log_.add(job_);
   return ResultCode::Ok;
 }
@@ -132,9 +131,14 @@ ResultCode Printer::cut(int percent) {
     job_->cut(percent);
     log_.changed(*job_);
   }
-  job_.reset();
-  fed_ = 0;
+  beginFreshPaper(nullptr);
   return ResultCode::Ok;
+}
+
+void Printer::beginFreshPaper(std::shared_ptr<Job> job) {
+  if (job_) job_->settle();
+  job_ = std::move(job);
+  fed_ = 0;
 }
 
 ResultCode Printer::calibrateLabelGap() {

@@ -95,6 +95,7 @@ class Printer {
   int textWidthOn(int printable) const;
   ResultCode print(std::vector<PaperItem> items);
   ResultCode put(std::vector<PaperItem> items);
+  void beginFreshPaper(std::shared_ptr<Job> job);
 
   PrinterModel model_;
   JobLog& log_;

@@ -97,6 +97,8 @@ std::optional<Bitmap> readImage(const std::string& path) {
 
 std::string encodePng(const Bitmap& bitmap) {
   GreyImage image{bitmap.width(), bitmap.height(), {}};
+  image.shades.reserve(static_cast<std::size_t>(bitmap.width()) *
+                       static_cast<std::size_t>(bitmap.height()));
   for (int y = 0; y < bitmap.height(); ++y) {
     for (int x = 0; x < bitmap.width(); ++x) {
       image.shades.push_back(bitmap.isDark(x, y) ? 0 : kWhite);

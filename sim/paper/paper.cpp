@@ -36,6 +36,12 @@ void Paper::add(PaperItem item) {
   items_.push_back(std::move(item));
 }
 
+void Paper::forgetDrawing() {
+  for (PaperItem& item : items_) {
+    if (auto* image = std::get_if<ImageItem>(&item)) image->png.forget();
+  }
+}
+
 int Paper::topFor(const PaperItem& item) const {
   if (!format_.hasLabels()) return length_;
   if (isContent(item)) return topOnLabels(heightOf(item));

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "paper/bitmap.h"
+#include "paper/kept_png.h"
 
 namespace tolvex::sim {
 
@@ -43,6 +44,7 @@ struct TextItem {
 struct ImageItem {
   Bitmap bitmap;
   int indent = 0;
+  KeptPng png = {};  // of the bitmap
 };
 
 /// Blank paper.
@@ -61,7 +63,8 @@ using PaperItem = std::variant<TextItem, ImageItem, FeedItem, CutItem>;
 /// its size more than its cells, a cut nothing.
 int heightOf(const PaperItem& item);
 
-/// A piece of paper with what stands on it, from the top down. Copies are deep.
+/// A piece of paper with what stands on it, from the top down. Copies are deep, but for the kept
+/// files of pictures.
 class Paper {
  public:
   explicit Paper(const PaperFormat& format) : format_(format) {}
@@ -70,6 +73,9 @@ class Paper {
   /// label begins the next one, unless it is higher than a label; a cut goes to
   /// the end of a label that has begun.
   void add(PaperItem item);
+
+  /// Gives back the memory that only serves to draw the paper once more.
+  void forgetDrawing();
 
   const PaperFormat& format() const { return format_; }
   const std::vector<PaperItem>& items() const { return items_; }

@@ -4,7 +4,6 @@
 #include <variant>
 
 #include "base/base64.h"
-#include "paper/image_file.h"
 #include "paper/render.h"
 #include "paper/svg_text.h"
 
@@ -165,7 +164,7 @@ class Drawing {
     if (bitmap.width() == 0 || bitmap.height() == 0) return {};
     return "<image x=\"" + number(item.indent) + "\" y=\"" + number(top) + "\" width=\"" +
            number(bitmap.width()) + "\" height=\"" + number(bitmap.height()) +
-           "\" class=\"dots\" xlink:href=\"data:image/png;base64," + base64Of(encodePng(bitmap)) +
+           "\" class=\"dots\" xlink:href=\"data:image/png;base64," + base64Of(item.png.of(bitmap)) +
            "\"/>\n";
   }
 

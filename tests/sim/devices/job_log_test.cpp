@@ -1,6 +1,8 @@
 // What is kept of the jobs, whatever clients send.
 #include "devices/job_log.h"
 
+#include "paper/image_file.h"
+#include "paper/render.h"
 #include "printer_fixture.h"
 
 namespace tolvex::sim {
@@ -78,6 +80,29 @@ TEST_F(JobLogTest, FreshPaperIsOnlyFedSoFar) {
   EXPECT_EQ(ticket_.cut(70), ResultCode::Ok);
   EXPECT_EQ(ticket_.printText("x", 24), ResultCode::Ok);
   EXPECT_EQ(paperOf(1), (Items{"\"x\"@24"}));
+}
+
+// What the kept PNG file of the picture that a job begins with answers for another picture: that
+// one's file only once it is forgotten.
+std::string pngOf(const Job& job, const Bitmap& other) {
+  return std::get<ImageItem>(job.paper().items().at(0)).png.of(other);
+}
+
+TEST_F(JobLogTest, EncodedPicturesAreKeptAsLongAsThePaperMayChange) {
+  const Bitmap logo(3, 2);
+  const Bitmap other(1, 1);
+  printers_.jobs().listen([](const Job& job) { svgOf(job.paper()); });
+  ticket_.printImage(logo);
+  const auto first = printers_.jobs().newest();
+  ticket_.finishJob();
+  ticket_.feed(1);
+  EXPECT_EQ(pngOf(*first, other), encodePng(logo));
+  ticket_.printImage(logo);
+  const auto second = printers_.jobs().newest();
+  EXPECT_EQ(pngOf(*first, other), encodePng(other));
+  EXPECT_EQ(pngOf(*second, other), encodePng(logo));
+  ticket_.cut(70);
+  EXPECT_EQ(pngOf(*second, other), encodePng(other));
 }
 
 TEST_F(JobLogTest, AJobOnlyTakesSoMuchMemory) {

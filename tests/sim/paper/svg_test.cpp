@@ -89,6 +89,20 @@ TEST(Svg, EmbedsPicturesDotByDot) {
                       base64Of(encodePng(logo)) + "\"/>"));
 }
 
+TEST(Svg, EncodesEachPictureOnce) {
+  const Bitmap logo = picture({"##.", "#.#"});
+  Paper paper = paperOf(kRoll, {ImageItem{logo}});
+  const auto pngFor = [&paper](const Bitmap& bitmap) {
+    return std::get<ImageItem>(paper.items()[0]).png.of(bitmap);
+  };
+  const std::string whole = svgOf(paper);
+  EXPECT_EQ(pngFor(Bitmap(1, 1)), encodePng(logo));
+  paper.forgetDrawing();
+  EXPECT_EQ(svgOf(paper), whole);
+  paper.forgetDrawing();
+  EXPECT_EQ(pngFor(Bitmap(1, 1)), encodePng(Bitmap(1, 1)));
+}
+
 TEST(Svg, LeavesOutPicturesWithoutDots) {
   EXPECT_FALSE(has(svg(kRoll, {ImageItem{Bitmap(0, 8)}, ImageItem{Bitmap(8, 0)}}), "<image"));
 }
