@@ -1,12 +1,12 @@
 #include "app/paper_files.h"
 
+#include <exception>
 #include <filesystem>
 #include <fstream>
-#include <iomanip>
-#include <sstream>
 #include <system_error>
 #include <utility>
 
+#include "app/job_file_name.h"
 #include "paper/render.h"
 
 namespace tolvex::sim {
@@ -15,13 +15,25 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr int kNumberWidth = 4;
+// Empty for a name that has no form in UTF-8, which no file of ours has.
+std::string nameOf(const fs::path& file) {
+  try {
+    return file.filename().u8string();
+  } catch (const std::exception&) {
+    return "";
+  }
+}
 
-std::string baseName(const Job& job) {
-  std::ostringstream name;
-  name << "job-" << std::setw(kNumberWidth) << std::setfill('0') << job.number() << "-"
-       << job.printer();
-  return name.str();
+std::vector<fs::path> jobFilesIn(const fs::path& directory,
+                                 const std::vector<std::string>& printers, std::error_code& error) {
+  std::vector<fs::path> files;
+  for (fs::directory_iterator entry(directory, error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::error_code ignored;
+    const bool isFile = fs::is_regular_file(entry->symlink_status(ignored));
+    if (isFile && isJobFile(nameOf(entry->path()), printers)) files.push_back(entry->path());
+  }
+  return files;
 }
 
 std::error_code writeWhole(const fs::path& path, const std::string& content) {
@@ -44,9 +56,10 @@ std::error_code writeFile(const fs::path& path, const std::string& content) {
 
 }  // namespace
 
-PaperFiles::PaperFiles(std::string directory, std::function<void(const std::string&)> warn)
+PaperFiles::PaperFiles(std::string directory, const std::vector<std::string>& printers,
+                       std::function<void(const std::string&)> warn)
     : directory_(std::move(directory)), warn_(std::move(warn)) {
-  createDirectory();
+  if (createDirectory()) removeEarlier(printers);
 }
 
 bool PaperFiles::createDirectory() {
@@ -56,9 +69,27 @@ bool PaperFiles::createDirectory() {
   return !error;
 }
 
+// Otherwise what an earlier run printed would look like the work of this one.
+void PaperFiles::removeEarlier(const std::vector<std::string>& printers) {
+  std::error_code error;
+  std::string place = directory_;
+  for (const fs::path& file : jobFilesIn(fs::u8path(directory_), printers, error)) {
+    std::error_code failure;
+    fs::remove(file, failure);
+    if (failure && !error) {
+      error = failure;
+      place = file.u8string();
+    }
+  }
+  if (!error) return;
+  warn_("cannot remove the jobs of an earlier run, " + place + ": " + error.message() +
+        ". Remove them by hand, or choose another folder with --paper-dir.");
+}
+
 std::string PaperFiles::save(const Job& job) {
   if (!createDirectory()) return "";
-  const std::string base = (fs::u8path(directory_) / baseName(job)).u8string();
+  const std::string base =
+      (fs::u8path(directory_) / jobFileName(job.number(), job.printer())).u8string();
   // The picture comes last: once it is there, so is the text.
   const bool written =
       write(base + ".txt", plainTextOf(job.paper())) && write(base + ".svg", svgOf(job.paper()));

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "devices/job.h"
 
@@ -13,9 +14,11 @@ namespace tolvex::sim {
 /// Not thread-safe.
 class PaperFiles {
  public:
-  /// `directory` is UTF-8 and is created with its parents. Failures of all kinds go to `warn`, one
-  /// line of text each, and only the first one until a job is saved again.
-  PaperFiles(std::string directory, std::function<void(const std::string& text)> warn);
+  /// `directory` is UTF-8 and is created with its parents. Files of earlier jobs of these printers
+  /// are removed from it, and nothing else. Failures of all kinds go to `warn`, one line of text
+  /// each, and only the first one until a job is saved again.
+  PaperFiles(std::string directory, const std::vector<std::string>& printers,
+             std::function<void(const std::string& text)> warn);
 
   /// Writes the files of a job, the picture last. Returns the picture's path, or an empty text if
   /// anything failed.
@@ -23,6 +26,7 @@ class PaperFiles {
 
  private:
   bool createDirectory();
+  void removeEarlier(const std::vector<std::string>& printers);
   bool write(const std::string& path, const std::string& content);
   void fail(const std::string& what);
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "app/paper_files.h"
 #include "base/printable.h"
@@ -73,11 +74,17 @@ std::string describe(const Job& job) {
          std::to_string(mm) + " mm";
 }
 
+std::vector<std::string> namesOf(const Printers& printers) {
+  std::vector<std::string> names;
+  for (const Printer& printer : printers.all()) names.push_back(printer.name());
+  return names;
+}
+
 // Finished jobs are kept and announced, and again when the paper is fed or cut after that.
 class JobKeeper {
  public:
-  explicit JobKeeper(const Options& options) : quiet_(options.quiet) {
-    if (!options.paperDir.empty()) files_.emplace(options.paperDir, warn);
+  JobKeeper(const Options& options, const Printers& printers) : quiet_(options.quiet) {
+    if (!options.paperDir.empty()) files_.emplace(options.paperDir, namesOf(printers), warn);
   }
 
   void keep(const Job& job) {
@@ -99,7 +106,7 @@ void serve(const Options& options) {
   openPort(server, Half::Weighing, options.address, options.weighingPort);
   openPort(server, Half::Printing, options.address, options.printingPort);
 
-  JobKeeper keeper(options);
+  JobKeeper keeper(options, devices.printers);
   devices.printers.jobs().listen([&keeper](const Job& job) { keeper.keep(job); });
   OperatorConsole console(devices, [&server] { server.stop(); });
   std::unique_ptr<InputReader> reader;

@@ -57,7 +57,8 @@ class PaperFilesTest : public ::testing::Test {
   void unblock() { fs::remove(fs::u8path(directory_)); }
 
   PaperFiles makeFiles() {
-    return PaperFiles(directory_, [this](const std::string& text) { warnings_.push_back(text); });
+    return PaperFiles(directory_, {"Label", "Ticket"},
+                      [this](const std::string& text) { warnings_.push_back(text); });
   }
 
   fs::path root_ = fs::u8path(std::string("paper_files_test.") +
@@ -69,6 +70,27 @@ class PaperFilesTest : public ::testing::Test {
 TEST_F(PaperFilesTest, TheFolderIsThereFromTheStart) {
   makeFiles();
   EXPECT_EQ(files(), std::vector<std::string>{});
+  EXPECT_EQ(warnings_, std::vector<std::string>{});
+}
+
+TEST_F(PaperFilesTest, TheJobsOfEarlierRunsAreRemovedAndNothingElse) {
+  const std::vector<std::string> others = {"job-0001-Ticket.png", "job-0001-Till.svg",
+                                           "job-1-Ticket.svg", "logo.svg", "notes.txt"};
+  fs::create_directories(fs::u8path(directory_));
+  for (const std::string& name : others) std::ofstream(fs::u8path(pathOf(name))) << "mine";
+  fs::create_directories(fs::u8path(pathOf("job-0007-Label.svg")));
+  makeFiles().save(job(1, "x"));
+  makeFiles().save(job(12345, "x"));
+  std::vector<std::string> expected = others;
+  expected.insert(expected.end(),
+                  {"job-0007-Label.svg", "job-12345-Ticket.svg", "job-12345-Ticket.txt"});
+  std::sort(expected.begin(), expected.end());
+  EXPECT_EQ(files(), expected);
+  makeFiles();
+  expected = others;
+  expected.push_back("job-0007-Label.svg");
+  std::sort(expected.begin(), expected.end());
+  EXPECT_EQ(files(), expected);
   EXPECT_EQ(warnings_, std::vector<std::string>{});
 }
 
