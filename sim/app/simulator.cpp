@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/paper_files.h"
+#include "app/picture_files.h"
 #include "base/printable.h"
 #include "console/input_reader.h"
 #include "console/operator_console.h"
@@ -100,7 +101,7 @@ class JobKeeper {
 
 void serve(const Options& options) {
   Devices devices(scaleConfig(options), options.load);
-  Service service(devices);
+  Service service(devices, [](const std::string& path) { return loadPicture(path, warn); });
   Server server(service, makeEvents(options.quiet));
   server.stopOnSignals();
   openPort(server, Half::Weighing, options.address, options.weighingPort);

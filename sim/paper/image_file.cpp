@@ -2,11 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
-#include <exception>
-#include <filesystem>
-#include <fstream>
-#include <system_error>
 #include <vector>
 
 #include "paper/image_codec.h"
@@ -64,35 +59,12 @@ class Dithering {
   std::vector<int> errorsBelow_;
 };
 
-std::optional<std::string> readFile(const std::filesystem::path& path) {
-  std::error_code error;
-  // Neither folders nor devices, which never end.
-  if (!std::filesystem::is_regular_file(path, error)) return std::nullopt;
-  const std::uintmax_t size = std::filesystem::file_size(path, error);
-  if (error || size > static_cast<std::uintmax_t>(kMaxImageFile)) return std::nullopt;
-  std::ifstream stream(path, std::ios::binary);
-  std::string bytes(static_cast<std::size_t>(size), '\0');
-  if (!stream.read(bytes.data(), static_cast<std::streamsize>(size))) return std::nullopt;
-  return bytes;
-}
-
 }  // namespace
 
 std::optional<Bitmap> decodeImage(std::string_view bytes) {
   const auto image = decodeGrey(bytes, kMaxImageSide, kMaxImagePixels);
   if (!image) return std::nullopt;
   return Dithering(*image).run();
-}
-
-std::optional<Bitmap> readImage(const std::string& path) {
-  try {
-    const auto bytes = readFile(std::filesystem::u8path(path));
-    if (!bytes) return std::nullopt;
-    return decodeImage(*bytes);
-  } catch (const std::exception&) {
-    // Some systems take no path that is not UTF-8.
-    return std::nullopt;
-  }
 }
 
 std::string encodePng(const Bitmap& bitmap) {

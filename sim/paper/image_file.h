@@ -1,4 +1,4 @@
-// Reading and writing picture files.
+// Pictures as files, in memory.
 #pragma once
 
 #include <optional>
@@ -15,17 +15,10 @@ constexpr int kMaxImageSide = 8192;
 /// Most pixels of a picture that is decoded.
 constexpr long long kMaxImagePixels = 16LL << 20U;
 
-/// Largest file that is read, in bytes.
-constexpr long long kMaxImageFile = 64LL << 20U;
-
 /// Decodes an uncompressed BMP, a PNG or a JPEG file, one dot for each pixel. What is transparent
 /// is white; shades between black and white are dithered. Nothing for any other bytes, for broken
 /// files, and for pictures beyond the limits above.
 std::optional<Bitmap> decodeImage(std::string_view bytes);
-
-/// Reads and decodes the file. `path` is UTF-8 on every system. Nothing also for what is not a
-/// regular file that can be read, or too large a one.
-std::optional<Bitmap> readImage(const std::string& path);
 
 /// The picture as a PNG file. It has at least one dot.
 std::string encodePng(const Bitmap& bitmap);

@@ -7,12 +7,20 @@ namespace tolvex::sim {
 
 namespace {
 
+// How files of each format begin.
+constexpr std::string_view kJpeg = "\xFF\xD8";
+constexpr std::string_view kPng = "\x89PNG";
+constexpr std::string_view kBmp = "BM";
+
 constexpr unsigned char kStartOfPicture = 0xD8;
 constexpr unsigned char kEndOfPicture = 0xD9;
 constexpr unsigned char kStartOfScan = 0xDA;
 constexpr unsigned char kCodeTables = 0xC4;
 
 constexpr std::uint64_t kOldBmpHeaderSize = 12;
+constexpr std::size_t kBmpCompression = 30;  // where it stands, behind the old header's end
+constexpr std::uint64_t kNotCompressed = 0;
+constexpr std::uint64_t kNotCompressedWithMasks = 3;
 constexpr std::uint64_t kTopDown = std::uint64_t{1} << 31U;
 
 // The counts of the codes of each length, behind a byte that names the table.
@@ -77,10 +85,14 @@ std::uint64_t littleEndian(std::string_view bytes, std::size_t offset, std::size
   return value;
 }
 
+bool hasOldBmpHeader(std::string_view bytes) {
+  return littleEndian(bytes, 14, 4) == kOldBmpHeaderSize;
+}
+
 // The file holds as many rows of whole double words as it has lines, from the offset that it names
 // on. A negative number of lines tells that the upper one comes first.
 bool isWholeBmp(std::string_view bytes) {
-  const bool isOld = littleEndian(bytes, 14, 4) == kOldBmpHeaderSize;
+  const bool isOld = hasOldBmpHeader(bytes);
   const std::uint64_t start = littleEndian(bytes, 10, 4);
   const std::uint64_t width = littleEndian(bytes, 18, isOld ? 2 : 4);
   const std::uint64_t height = isOld ? littleEndian(bytes, 20, 2) : littleEndian(bytes, 22, 4);
@@ -102,10 +114,20 @@ bool beginsWith(std::string_view bytes, std::string_view beginning) {
 
 }  // namespace
 
+bool hasKnownFormat(std::string_view bytes) {
+  return beginsWith(bytes, kJpeg) || beginsWith(bytes, kPng) || beginsWith(bytes, kBmp);
+}
+
+bool isCompressedBmp(std::string_view bytes) {
+  if (!beginsWith(bytes, kBmp) || hasOldBmpHeader(bytes)) return false;
+  const std::uint64_t compression = littleEndian(bytes, kBmpCompression, 4);
+  return compression != kNotCompressed && compression != kNotCompressedWithMasks;
+}
+
 bool isSoundPicture(std::string_view bytes) {
-  if (beginsWith(bytes, "\xFF\xD8")) return isSoundJpeg(bytes);
-  if (beginsWith(bytes, "\x89PNG")) return isWholePng(bytes);
-  return beginsWith(bytes, "BM") && isWholeBmp(bytes);
+  if (beginsWith(bytes, kJpeg)) return isSoundJpeg(bytes);
+  if (beginsWith(bytes, kPng)) return isWholePng(bytes);
+  return beginsWith(bytes, kBmp) && isWholeBmp(bytes);
 }
 
 }  // namespace tolvex::sim

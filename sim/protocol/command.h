@@ -7,6 +7,7 @@
 
 #include "base/clock.h"
 #include "base/half.h"
+#include "protocol/picture_loader.h"
 #include "protocol/reply.h"
 #include "protocol/request.h"
 
@@ -20,6 +21,7 @@ struct CommandContext {
   Devices& devices;
   /// Log level of the half that the request came to, "1" to "7".
   std::string& logLevel;
+  const PictureLoader& loadPicture;
   TimePoint now;
 };
 

@@ -1,7 +1,6 @@
 // The commands that put something on paper or move it.
 #include <string>
 
-#include "paper/image_file.h"
 #include "protocol/printer_commands.h"
 
 namespace tolvex::sim {
@@ -26,9 +25,10 @@ Reply printTextWidth(const CommandContext& context) {
 Reply printBmpFile(const CommandContext& context) {
   return onPrinter(context, "angle", [&](Printer& printer, int angle) {
     if (const ResultCode code = printer.status(); code != ResultCode::Ok) return code;
-    const auto image = readImage(context.request.text("filename"));
-    if (!image) return ResultCode::InvalidParam;
-    return printer.printImage(turned(*image, turnOf(angle)));
+    if (!context.loadPicture) return ResultCode::InvalidParam;
+    const auto picture = context.loadPicture(context.request.text("filename"));
+    if (!picture) return ResultCode::InvalidParam;
+    return printer.printImage(turned(*picture, turnOf(angle)));
   });
 }
 

@@ -30,7 +30,7 @@ Reply Service::answer(Half half, std::string_view request, TimePoint now) {
     if (parsed->find(member) == nullptr) return ResultCode::MissParam;
   }
   return command->handle(
-      {*parsed, devices_, weighing ? weighingLogLevel_ : printingLogLevel_, now});
+      {*parsed, devices_, weighing ? weighingLogLevel_ : printingLogLevel_, loadPicture_, now});
 }
 
 }  // namespace tolvex::sim

@@ -3,20 +3,24 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/clock.h"
 #include "base/half.h"
+#include "protocol/picture_loader.h"
 #include "protocol/reply.h"
 
 namespace tolvex::sim {
 
 struct Devices;
 
-/// Answers the requests of both ports from the state of the devices. Knows no sockets and no
-/// clock. Not thread-safe; the devices must outlive it.
+/// Answers the requests of both ports from the state of the devices. Knows no sockets, no
+/// clock and no files. Not thread-safe; the devices must outlive it.
 class Service {
  public:
-  explicit Service(Devices& devices) : devices_(devices) {}
+  /// `loadPicture` finds the pictures that are to be printed; none is found without it.
+  explicit Service(Devices& devices, PictureLoader loadPicture = {})
+      : devices_(devices), loadPicture_(std::move(loadPicture)) {}
 
   /// The reply to one request that came to the port of `half`. In this order: JsonErr for text
   /// that is no JSON object, MissParam without "cmd", UnsupportWeightCmd or UnsupportPrintCmd for
@@ -26,6 +30,7 @@ class Service {
 
  private:
   Devices& devices_;
+  PictureLoader loadPicture_;
   std::string weighingLogLevel_ = "5";
   std::string printingLogLevel_ = "5";
 };

@@ -88,6 +88,16 @@ case $case_name in
     expect_reply "$weighing" '{"cmd":"getweight"}' '{"result":"0","net":"0.482","tare":"0.000",'`
       `'"zero":"0","tareType":"N","highResNet":"0.4820","weightUnit":"kg"}'
     ;;
+  picture_refused)
+    cd "$dir" || fail "no folder"
+    start "${any_ports[@]}"
+    printf 'GIF89a' >logo.gif
+    expect_reply "$printing" \
+      '{"cmd":"printbmpfile","printerType":"1","angle":"0","filename":"logo.gif"}' '{"result":"2"}'
+    expect_line '^printing .*"printbmpfile"'
+    grep -q '^zelkad-sim: cannot print logo\.gif: it is no BMP, PNG or JPEG file' err.log ||
+      fail "no reason given"
+    ;;
   paper_dir)
     cd "$dir" || fail "no folder"
     start "${any_ports[@]}" --console --paper-dir "Käse 苹果"

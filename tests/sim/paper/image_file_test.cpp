@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <filesystem>
-#include <fstream>
 
 #include "paper/stb.h"
 #include "samples.h"
@@ -278,59 +276,6 @@ TEST(EncodePng, IsReadBackAsItWas) {
   EXPECT_EQ(decoded(encodePng(picture(kFlag))), kFlag);
   EXPECT_EQ(decoded(encodePng(picture({"#"}))), Rows{"#"});
   EXPECT_EQ(encodePng(picture(kFlag)).substr(0, 8), "\x89PNG\r\n\x1A\n");
-}
-
-class ReadImage : public testing::Test {
- protected:
-  ReadImage() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder_ = std::filesystem::current_path() / (std::string("image_file_") + test->name());
-    std::filesystem::remove_all(folder_);
-    std::filesystem::create_directories(folder_);
-  }
-  ~ReadImage() override { std::filesystem::remove_all(folder_); }
-
-  // The UTF-8 path of the file that holds the bytes.
-  std::string write(const std::string& name, const std::string& bytes) const {
-    const auto path = folder_ / std::filesystem::u8path(name);
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path.u8string();
-  }
-
-  std::filesystem::path folder_;
-};
-
-TEST_F(ReadImage, DecodesTheFile) {
-  const auto bitmap = readImage(write("flag.png", encodePng(picture(kFlag))));
-  ASSERT_TRUE(bitmap);
-  EXPECT_EQ(rowsOf(*bitmap), kFlag);
-}
-
-TEST_F(ReadImage, TakesPathsInUtf8) {
-  EXPECT_TRUE(readImage(write("K\u00F6ln \u4EF7\u683C.png", encodePng(picture(kFlag)))));
-}
-
-TEST_F(ReadImage, GivesNothingForAMissingFile) {
-  EXPECT_FALSE(readImage((folder_ / "missing.png").u8string()));
-  EXPECT_FALSE(readImage(""));
-}
-
-TEST_F(ReadImage, GivesNothingForAFolder) { EXPECT_FALSE(readImage(folder_.u8string())); }
-
-TEST_F(ReadImage, GivesNothingForAnEmptyFile) { EXPECT_FALSE(readImage(write("empty.png", ""))); }
-
-TEST_F(ReadImage, GivesNothingForAPathThatIsNotUtf8) { EXPECT_FALSE(readImage("\xFF\xC3.png")); }
-
-TEST_F(ReadImage, GivesNothingForAPathThatIsTooLong) {
-  EXPECT_FALSE(readImage(std::string(100'000, 'x')));
-}
-
-TEST_F(ReadImage, ReadsFilesUpToItsLimit) {
-  const std::string path = write("flag.png", encodePng(picture(kFlag)));
-  std::filesystem::resize_file(path, static_cast<std::uintmax_t>(kMaxImageFile));
-  EXPECT_TRUE(readImage(path));
-  std::filesystem::resize_file(path, static_cast<std::uintmax_t>(kMaxImageFile) + 1);
-  EXPECT_FALSE(readImage(path));
 }
 
 }  // namespace

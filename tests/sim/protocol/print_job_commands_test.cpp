@@ -1,8 +1,4 @@
 // The commands that put something on paper or move it, with whole replies.
-#include <filesystem>
-#include <fstream>
-
-#include "paper/image_file.h"
 #include "printer_commands_fixture.h"
 
 namespace tolvex::sim {
@@ -133,30 +129,16 @@ TEST_F(PrintJobCommands, OnlyTheLabelPrinterHasALabelGap) {
   EXPECT_TRUE(devices_.printers.findType(2)->knowsPaperEnd());
 }
 
-// A picture on the disk for as long as a test lasts.
 class PrintImage : public PrintJobCommands {
  protected:
-  PrintImage() { write(encodePng(Bitmap(3, 2))); }
-  ~PrintImage() override {
-    std::error_code ignored;
-    std::filesystem::remove(std::filesystem::u8path(file_), ignored);
-  }
+  PrintImage() { pictures_.emplace("Käse 苹果.png", Bitmap(3, 2)); }
 
-  void write(const std::string& bytes) const {
-    std::ofstream(std::filesystem::u8path(file_), std::ios::binary) << bytes;
-  }
-
-  std::string print(std::string_view angle) { return print(angle, file_); }
-  std::string print(std::string_view angle, std::string_view file) {
+  std::string print(std::string_view angle, std::string_view file = "Käse 苹果.png") {
     return send("printbmpfile", {{"printerType", "1"}, {"angle", angle}, {"filename", file}});
   }
-
-  // Tests run side by side in one folder.
-  std::string file_ = std::string("Käse 苹果 ") +
-                      ::testing::UnitTest::GetInstance()->current_test_info()->name() + ".png";
 };
 
-TEST_F(PrintImage, ReadsTheFile) {
+TEST_F(PrintImage, PrintsThePictureOfTheName) {
   EXPECT_EQ(print("0"), "0");
   EXPECT_EQ(paperOf("Ticket"), (Items{"[image 3x2]"}));
 }
@@ -174,13 +156,23 @@ TEST_F(PrintImage, NeedsANumberForTheAngle) {
   EXPECT_EQ(paperOf("Ticket"), Items{});
 }
 
-TEST_F(PrintImage, NeedsAPictureToRead) {
-  for (const char* file : {"", ".", "no-such-file.bmp", "no/such/folder.bmp", "\\u0000"}) {
+TEST_F(PrintImage, NeedsAPicture) {
+  for (const char* file : {"", ".", "no-such-file.bmp", "\\u0000"}) {
     EXPECT_EQ(print("0", file), "2") << file;
   }
-  write("BM is no picture");
-  EXPECT_EQ(print("0"), "2");
   EXPECT_EQ(paperOf("Ticket"), Items{});
+}
+
+TEST_F(PrintImage, FindsNoPictureWithoutALoader) {
+  Service service(devices_);
+  EXPECT_EQ(
+      service
+          .answer(Half::Printing,
+                  request("printbmpfile",
+                          {{"printerType", "1"}, {"angle", "0"}, {"filename", "Käse 苹果.png"}}),
+                  now_)
+          .json(),
+      R"({"result":"2"})");
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -32,7 +34,13 @@ class ServiceFixture : public ::testing::Test {
   TimePoint now_{std::chrono::hours(1)};
   Devices devices_;
   Scale& scale_{devices_.scale};
-  Service service_{devices_};
+  /// The pictures that can be printed, by the names of their files.
+  std::map<std::string, Bitmap> pictures_;
+  Service service_{devices_, [this](const std::string& fileName) -> std::optional<Bitmap> {
+                     const auto found = pictures_.find(fileName);
+                     if (found == pictures_.end()) return std::nullopt;
+                     return found->second;
+                   }};
 };
 
 }  // namespace tolvex::sim
