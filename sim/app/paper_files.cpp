@@ -2,11 +2,10 @@
 
 #include <exception>
 #include <filesystem>
-#include <fstream>
-#include <system_error>
 #include <utility>
 
 #include "app/job_file_name.h"
+#include "app/unfinished_file.h"
 #include "paper/render.h"
 
 namespace tolvex::sim {
@@ -36,22 +35,10 @@ std::vector<fs::path> jobFilesIn(const fs::path& directory,
   return files;
 }
 
-std::error_code writeWhole(const fs::path& path, const std::string& content) {
-  std::ofstream file(path, std::ios::binary | std::ios::trunc);
-  file.write(content.data(), static_cast<std::streamsize>(content.size()));
-  file.close();
-  return file ? std::error_code() : std::make_error_code(std::errc::io_error);
-}
-
-// Under another name first, because whoever looks into the folder must not see half a file.
-std::error_code writeFile(const fs::path& path, const std::string& content) {
-  fs::path unfinished = path;
-  unfinished += ".tmp";
-  std::error_code error = writeWhole(unfinished, content);
-  if (!error) fs::rename(unfinished, path, error);
-  std::error_code ignored;
-  if (error) fs::remove(unfinished, ignored);
-  return error;
+std::string advice(const std::error_code& error) {
+  const bool isFull = error == std::errc::no_space_on_device || error == std::errc::file_too_large;
+  return std::string(isFull ? "Make room there, or choose" : "Choose") +
+         " another folder with --paper-dir.";
 }
 
 }  // namespace
@@ -65,7 +52,7 @@ PaperFiles::PaperFiles(std::string directory, const std::vector<std::string>& pr
 bool PaperFiles::createDirectory() {
   std::error_code error;
   fs::create_directories(fs::u8path(directory_), error);
-  if (error) fail("cannot create the folder " + directory_ + ": " + error.message());
+  if (error) fail("cannot create the folder " + directory_, error);
   return !error;
 }
 
@@ -88,24 +75,38 @@ void PaperFiles::removeEarlier(const std::vector<std::string>& printers) {
 
 std::string PaperFiles::save(const Job& job) {
   if (!createDirectory()) return "";
-  const std::string base =
-      (fs::u8path(directory_) / jobFileName(job.number(), job.printer())).u8string();
-  // The picture comes last: once it is there, so is the text.
-  const bool written =
-      write(base + ".txt", plainTextOf(job.paper())) && write(base + ".svg", svgOf(job.paper()));
-  if (!written) return "";
+  const fs::path base =
+      fs::u8path(directory_) / fs::u8path(jobFileName(job.number(), job.printer()));
+  UnfinishedFile text(fs::path(base) += kTextSuffix);
+  UnfinishedFile picture(fs::path(base) += kPictureSuffix);
+  // Neither is seen before both are written. The picture comes last: once it is there, so is the
+  // text.
+  const bool saved = check(text.write(plainTextOf(job.paper())), text) &&
+                     check(picture.write(svgOf(job.paper())), picture) &&
+                     check(text.publish(), text) && publishPicture(picture, text);
+  if (!saved) return "";
   failing_ = false;
-  return base + ".svg";
+  return picture.path().u8string();
 }
 
-bool PaperFiles::write(const std::string& path, const std::string& content) {
-  const std::error_code error = writeFile(fs::u8path(path), content);
-  if (error) fail("cannot write " + path + ": " + error.message());
+// Without its picture, the text is taken back.
+bool PaperFiles::publishPicture(UnfinishedFile& picture, const UnfinishedFile& text) {
+  if (check(picture.publish(), picture)) return true;
+  std::error_code ignored;
+  fs::remove(text.path(), ignored);
+  return false;
+}
+
+bool PaperFiles::check(const std::error_code& error, const UnfinishedFile& file) {
+  if (error) fail("cannot write " + file.path().u8string(), error);
   return !error;
 }
 
-void PaperFiles::fail(const std::string& what) {
-  if (!failing_) warn_(what + ". Jobs are printed all the same, but not kept.");
+void PaperFiles::fail(const std::string& what, const std::error_code& error) {
+  if (!failing_) {
+    warn_(what + ": " + error.message() + ". Jobs are printed all the same, but not kept. " +
+          advice(error));
+  }
   failing_ = true;
 }
 

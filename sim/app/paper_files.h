@@ -3,14 +3,17 @@
 
 #include <functional>
 #include <string>
+#include <system_error>
 #include <vector>
 
 #include "devices/job.h"
 
 namespace tolvex::sim {
 
+class UnfinishedFile;
+
 /// Keeps the paper of each job in a folder, as a picture and as text: job-0001-Ticket.svg and
-/// job-0001-Ticket.txt. A file appears whole or not at all, also where an older one is replaced.
+/// job-0001-Ticket.txt. Both appear whole or not at all, also where older ones are replaced.
 /// Not thread-safe.
 class PaperFiles {
  public:
@@ -21,14 +24,15 @@ class PaperFiles {
              std::function<void(const std::string& text)> warn);
 
   /// Writes the files of a job, the picture last. Returns the picture's path, or an empty text if
-  /// anything failed.
+  /// anything failed; then nothing of the job is left, apart from files that it could not replace.
   std::string save(const Job& job);
 
  private:
   bool createDirectory();
   void removeEarlier(const std::vector<std::string>& printers);
-  bool write(const std::string& path, const std::string& content);
-  void fail(const std::string& what);
+  bool publishPicture(UnfinishedFile& picture, const UnfinishedFile& text);
+  bool check(const std::error_code& error, const UnfinishedFile& file);
+  void fail(const std::string& what, const std::error_code& error);
 
   std::string directory_;
   std::function<void(const std::string&)> warn_;

@@ -140,6 +140,19 @@ case $case_name in
     [ "$(grep -c '^zelkad-sim: cannot create the folder paper: ' err.log)" = 1 ] ||
       fail "not reported once"
     ;;
+  paper_dir_full)
+    cd "$dir" || fail "no folder"
+    start "${any_ports[@]}" --paper-dir paper
+    ln -s /dev/full paper/job-0001-Ticket.txt.tmp
+    print='{"cmd":"printtext","printerType":"1","fontsize":"28","text":"x"}'
+    expect_ok "$printing" "$print" '{"cmd":"beginPrint","printerType":"1"}'
+    expect_line '^printing .*"printtext"'
+    expect_line '^zelkad-sim: job 1 on Ticket, 5 mm$'
+    [ "$(<err.log)" = "zelkad-sim: cannot write paper/job-0001-Ticket.txt: No space left on \
+device. Jobs are printed all the same, but not kept. Make room there, or choose another folder with \
+--paper-dir." ] || fail "wrong message"
+    [ -z "$(ls -A paper)" ] || fail "something is left: $(ls -A paper)"
+    ;;
   quiet)
     start "${any_ports[@]}" --quiet --console
     expect_reply "$weighing" "$check" "$ok"

@@ -3,9 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 #include <vector>
 
 #include "paper/render.h"
@@ -139,14 +141,52 @@ TEST_F(PaperFilesTest, AFailureIsReportedOnceUntilAJobIsSaved) {
   EXPECT_EQ(warnings_.size(), 2U);
 }
 
-TEST_F(PaperFilesTest, AFileThatCanNotBeWrittenIsNamed) {
+TEST_F(PaperFilesTest, AFailureComesWithItsCauseAndAdvice) {
   PaperFiles paperFiles = makeFiles();
-  fs::create_directories(fs::u8path(directory_ + "/job-0001-Ticket.svg/in the way"));
+  // The cause is the one that anybody gets who writes there.
+  const std::string blocked = pathOf("job-0001-Ticket.txt.tmp");
+  fs::create_directories(fs::u8path(blocked + "/in the way"));
+  errno = 0;
+  EXPECT_FALSE(std::ofstream(fs::u8path(blocked)));
+  const std::string cause = std::generic_category().message(errno);
+  EXPECT_EQ(paperFiles.save(job(1, "x")), "");
+  EXPECT_EQ(warnings_, (std::vector<std::string>{"cannot write " + pathOf("job-0001-Ticket.txt") +
+                                                 ": " + cause +
+                                                 ". Jobs are printed all the same, but not kept. "
+                                                 "Choose another folder with --paper-dir."}));
+}
+
+TEST_F(PaperFilesTest, APictureThatCanNotBeWrittenLeavesNoText) {
+  PaperFiles paperFiles = makeFiles();
+  fs::create_directories(fs::u8path(pathOf("job-0001-Ticket.svg.tmp") + "/in the way"));
   EXPECT_EQ(paperFiles.save(job(1, "x")), "");
   ASSERT_EQ(warnings_.size(), 1U);
   EXPECT_EQ(warnings_[0].find("cannot write " + pathOf("job-0001-Ticket.svg") + ": "), 0U)
       << warnings_[0];
-  EXPECT_EQ(files(), (std::vector<std::string>{"job-0001-Ticket.svg", "job-0001-Ticket.txt"}));
+  EXPECT_EQ(files(), std::vector<std::string>{"job-0001-Ticket.svg.tmp"});
+}
+
+TEST_F(PaperFilesTest, APictureThatCanNotBeReplacedLeavesNoText) {
+  PaperFiles paperFiles = makeFiles();
+  fs::create_directories(fs::u8path(pathOf("job-0001-Ticket.svg") + "/in the way"));
+  EXPECT_EQ(paperFiles.save(job(1, "x")), "");
+  ASSERT_EQ(warnings_.size(), 1U);
+  EXPECT_EQ(warnings_[0].find("cannot write " + pathOf("job-0001-Ticket.svg") + ": "), 0U)
+      << warnings_[0];
+  EXPECT_EQ(files(), std::vector<std::string>{"job-0001-Ticket.svg"});
+}
+
+TEST_F(PaperFilesTest, AChangeThatCanNotBeWrittenLeavesTheJobAsItWas) {
+  PaperFiles paperFiles = makeFiles();
+  Job changing = job(1, "Total");
+  paperFiles.save(changing);
+  const std::string text = read("job-0001-Ticket.txt");
+  const std::string picture = read("job-0001-Ticket.svg");
+  fs::create_directories(fs::u8path(pathOf("job-0001-Ticket.svg.tmp") + "/in the way"));
+  changing.cut(70);
+  EXPECT_EQ(paperFiles.save(changing), "");
+  EXPECT_EQ(read("job-0001-Ticket.txt"), text);
+  EXPECT_EQ(read("job-0001-Ticket.svg"), picture);
 }
 
 }  // namespace
