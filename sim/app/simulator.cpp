@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "app/job_announcer.h"
 #include "app/paper_files.h"
 #include "app/picture_files.h"
 #include "base/printable.h"
@@ -69,12 +70,6 @@ void openPort(Server& server, Half half, const std::string& address, std::uint16
   say(std::string(name(half)) + " on " + address + ":" + std::to_string(opened));
 }
 
-std::string describe(const Job& job) {
-  const int mm = (job.paper().length() + kDotsPerMm - 1) / kDotsPerMm;
-  return "job " + std::to_string(job.number()) + " on " + job.printer() + ", " +
-         std::to_string(mm) + " mm";
-}
-
 std::vector<std::string> namesOf(const Printers& printers) {
   std::vector<std::string> names;
   for (const Printer& printer : printers.all()) names.push_back(printer.name());
@@ -91,11 +86,13 @@ class JobKeeper {
   void keep(const Job& job) {
     if (!job.isFinished()) return;
     const std::string file = files_ ? files_->save(job) : "";
-    if (!quiet_) say(describe(job) + (file.empty() ? "" : ": " + file));
+    const std::string announcement = announcer_.announce(job);
+    if (!quiet_) say(announcement + (file.empty() ? "" : ": " + file));
   }
 
  private:
   std::optional<PaperFiles> files_;
+  JobAnnouncer announcer_;
   bool quiet_;
 };
 

@@ -117,7 +117,7 @@ case $case_name in
     # A cut changes the job, and what is unfinished at the end is not lost.
     expect_ok "$printing" '{"cmd":"cutPaper","printerType":"1","Percent":"70"}' \
       '{"cmd":"printtext","printerType":"0","fontsize":"28","text":"Label"}'
-    expect_line '^zelkad-sim: job 1 on Ticket, 12 mm: Käse 苹果[/\\]job-0001-Ticket\.svg$'
+    expect_line '^zelkad-sim: job 1 on Ticket, 12 mm, cut: Käse 苹果[/\\]job-0001-Ticket\.svg$'
     expect_line '^printing .*"cutPaper"'
     expect_line '^printing .*"printtext"'
     [[ $(<"Käse 苹果/job-0001-Ticket.txt") = *$'\nEUR\n- - '* ]] || fail "no cut"
