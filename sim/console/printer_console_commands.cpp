@@ -102,6 +102,16 @@ std::string paper(const ConsoleContext& context, const ConsoleArguments& argumen
          (count == 1 ? " line" : " lines") + lines;
 }
 
+std::string tear(const ConsoleContext& context, const ConsoleArguments& arguments) {
+  Printer* printer = printerAt(context, arguments, 0);
+  if (printer == nullptr) return unknownPrinter(context, arguments[0]);
+  const bool finishes = printer->job() != nullptr && !printer->job()->isFinished();
+  const std::string job =
+      finishes ? ", job " + std::to_string(printer->job()->number()) + " finished" : "";
+  printer->tearOff();
+  return "ok " + printer->name() + " torn off" + job;
+}
+
 std::string drawer(const ConsoleContext& context, const ConsoleArguments& arguments) {
   CashDrawer& drawer = context.devices.drawer;
   if (!arguments.empty()) {
@@ -120,6 +130,7 @@ const ConsoleTable& printerConsoleCommands() {
       {"printers", "", 0, 0, printers},
       {"settings", "[PRINTER]", 0, 1, settings},
       {"paper", "[PRINTER]", 0, 1, paper},
+      {"tear", "[PRINTER]", 0, 1, tear},
       {"drawer", "[close]", 0, 1, drawer},
   };
   return table;

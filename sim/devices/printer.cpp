@@ -114,6 +114,11 @@ void Printer::endJob() {
   log_.changed(*job_);
 }
 
+void Printer::tearOff() {
+  endJob();
+  beginFreshPaper(nullptr);
+}
+
 ResultCode Printer::feed(int mm) {
   if (mm < 1 || mm > kLongestFeedMm) return ResultCode::InvalidParam;
   const int dots = mm * kDotsPerMm;

@@ -89,6 +89,10 @@ class Printer {
   /// Finishes what was printed, whatever state the printer is in.
   void endJob();
 
+  /// Tears the paper off by hand, whatever state the printer is in: finishes what was printed, and
+  /// what comes next stands on fresh paper.
+  void tearOff();
+
  private:
   bool isPrinting() const { return job_ && !job_->isFinished(); }
   int textWidth() const;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr char kCommands[] =
     "load KG, empty, invalid on|off, unplug, plug, status, fault NAME on|off [PRINTER], printers, "
-    "settings [PRINTER], paper [PRINTER], drawer [close], help, quit";
+    "settings [PRINTER], paper [PRINTER], tear [PRINTER], drawer [close], help, quit";
 
 class OperatorConsoleTest : public ::testing::Test {
  protected:

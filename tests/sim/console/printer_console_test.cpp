@@ -45,7 +45,7 @@ TEST_F(PrinterConsoleTest, WrongWordsAreExplained) {
   EXPECT_EQ(type("fault busy yes"), "error: fault needs on or off, as in: fault out-of-paper on");
   EXPECT_EQ(type("fault busy"), "error: the command is: fault NAME on|off [PRINTER]");
   EXPECT_EQ(type("fault busy on Ticket now"), "error: the command is: fault NAME on|off [PRINTER]");
-  for (const char* command : {"fault busy on ", "settings ", "paper "}) {
+  for (const char* command : {"fault busy on ", "settings ", "paper ", "tear "}) {
     EXPECT_EQ(type(std::string(command) + "ticket\x07"),
               "error: unknown printer \"ticket\\x07\"; the printers are: Label, Ticket, Third")
         << command;
@@ -96,6 +96,16 @@ TEST_F(PrinterConsoleTest, PaperShowsTheLatestJob) {
   EXPECT_EQ(type("paper"), "ok job 2 on Label, still printing, 1 line\nLabel");
   EXPECT_EQ(type("paper Ticket"), "ok job 1 on Ticket, 3 lines\nKäse\n\n0.482");
   EXPECT_EQ(type("paper Third"), "ok nothing has been printed on Third");
+}
+
+TEST_F(PrinterConsoleTest, TearFinishesAJobThatWasAbandoned) {
+  EXPECT_EQ(type("tear"), "ok Ticket torn off");
+  ticket_.printText("abandoned", 24);
+  label_.printText("x", 24);
+  EXPECT_EQ(type("tear"), "ok Ticket torn off, job 1 finished");
+  EXPECT_EQ(type("paper Ticket"), "ok job 1 on Ticket, 1 line\nabandoned");
+  EXPECT_EQ(type("tear Label"), "ok Label torn off, job 2 finished");
+  EXPECT_EQ(type("tear Label"), "ok Label torn off");
 }
 
 TEST_F(PrinterConsoleTest, PaperCanNotSteerTheTerminal) {

@@ -117,6 +117,35 @@ TEST_F(PrinterJob, ACutTakesFreshPaperAway) {
   EXPECT_EQ(paperOf(1), (Items{"\"a\"@24"}));
 }
 
+TEST_F(PrinterJob, TearingOffFinishesItAndBeginsFreshPaper) {
+  ticket_.printText("a", 24);
+  ticket_.setFault(PrinterFault::OutOfPaper, true);
+  ticket_.tearOff();
+  EXPECT_EQ(ticket_.job(), nullptr);
+  EXPECT_EQ(told_, (Items{"1 Ticket printing 1", "1 Ticket finished 1"}));
+  ticket_.setFault(PrinterFault::OutOfPaper, false);
+  ticket_.printText("b", 24);
+  EXPECT_EQ(paperOf(1), (Items{"\"a\"@24"}));
+  EXPECT_EQ(paperOf(2), (Items{"\"b\"@24"}));
+}
+
+TEST_F(PrinterJob, TearingOffLeavesAFinishedOneAsItIs) {
+  ticket_.printText("a", 24);
+  ticket_.finishJob();
+  told_.clear();
+  ticket_.tearOff();
+  EXPECT_EQ(told_, Items{});
+  EXPECT_EQ(ticket_.feed(13), ResultCode::Ok);
+  EXPECT_EQ(paperOf(1), (Items{"\"a\"@24"}));
+}
+
+TEST_F(PrinterJob, TearingOffTakesFreshPaperAway) {
+  ticket_.feed(5);
+  ticket_.tearOff();
+  ticket_.printText("a", 24);
+  EXPECT_EQ(paperOf(1), (Items{"\"a\"@24"}));
+}
+
 TEST_F(PrinterJob, OtherPrintersDoNotComeBetween) {
   ticket_.printText("a", 24);
   ticket_.finishJob();
