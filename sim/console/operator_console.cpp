@@ -4,6 +4,7 @@
 #include <sstream>
 #include <utility>
 
+#include "base/list.h"
 #include "base/printable.h"
 #include "console/console_command.h"
 
@@ -38,9 +39,7 @@ const ConsoleTable& allCommands() {
 
 std::string listOfCommands() {
   std::string list;
-  for (const ConsoleCommand& command : allCommands()) {
-    list += (list.empty() ? "" : ", ") + usage(command);
-  }
+  for (const ConsoleCommand& command : allCommands()) addToList(list, usage(command));
   return list;
 }
 

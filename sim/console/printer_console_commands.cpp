@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <sstream>
 
+#include "base/list.h"
 #include "base/printable.h"
 #include "console/console_command.h"
 #include "paper/render.h"
@@ -15,9 +16,7 @@ constexpr std::size_t kMaxLineBytes = 2048;
 
 std::string unknownPrinter(const ConsoleContext& context, const std::string& name) {
   std::string list;
-  for (const Printer& printer : context.devices.printers.all()) {
-    list += (list.empty() ? "" : ", ") + printer.name();
-  }
+  for (const Printer& printer : context.devices.printers.all()) addToList(list, printer.name());
   return "error: unknown printer \"" + printable(name, kMaxEchoBytes) +
          "\"; the printers are: " + list;
 }
@@ -38,8 +37,7 @@ std::string fault(const ConsoleContext& context, const ConsoleArguments& argumen
                                 [&](const PrinterFaultRow& r) { return r.name == name; });
   if (row == faults.end()) {
     std::string list;
-    for (const PrinterFaultRow& known : faults)
-      list += (list.empty() ? "" : ", ") + std::string(known.name);
+    for (const PrinterFaultRow& known : faults) addToList(list, known.name);
     return "error: unknown fault \"" + printable(name, kMaxEchoBytes) +
            "\"; the faults are: " + list;
   }

@@ -1,4 +1,5 @@
 // The commands of the printing port.
+#include "base/list.h"
 #include "devices/devices.h"
 #include "protocol/log_level_commands.h"
 #include "protocol/printer_commands.h"
@@ -22,7 +23,7 @@ Reply setOverloadAlarm(const CommandContext& context) {
 Reply getPrinterList(const CommandContext& context) {
   std::string list;
   for (const Printer& printer : context.devices.printers.all()) {
-    if (printer.isPluggedIn()) list += (list.empty() ? "" : ",") + printer.name();
+    if (printer.isPluggedIn()) addToList(list, printer.name(), ",");
   }
   return Reply(ResultCode::Ok).add("PrinterList", list);
 }
