@@ -29,12 +29,19 @@ struct ConsoleCommand {
   std::size_t fewestArguments;
   std::size_t mostArguments;
   std::string (*handle)(const ConsoleContext& context, const ConsoleArguments& arguments);
+  /// The words that the arguments can be, as in "the printers are: Label, Ticket"; null where the
+  /// usage says it all.
+  std::string (*words)(const Devices& devices) = nullptr;
 };
 
 using ConsoleTable = std::vector<ConsoleCommand>;
 
 /// Longest piece of an operator's own words in an answer.
 constexpr std::size_t kMaxEchoBytes = 40;
+
+/// The names that a fault and a printer can have, for people to read: "the faults are: hot, busy".
+std::string wordsForFaults(const Devices& devices);
+std::string wordsForPrinters(const Devices& devices);
 
 /// The commands for the scale, and for the printers and the drawer. The tables are static.
 const ConsoleTable& scaleConsoleCommands();

@@ -43,8 +43,9 @@ std::string listOfCommands() {
   return list;
 }
 
-std::string help(const ConsoleContext&, const ConsoleArguments&) {
-  return "ok commands: " + listOfCommands();
+std::string help(const ConsoleContext& context, const ConsoleArguments&) {
+  return "ok commands: " + listOfCommands() + "; " + wordsForFaults(context.devices) + "; " +
+         wordsForPrinters(context.devices);
 }
 
 std::vector<std::string> splitWords(std::string_view line) {
@@ -73,7 +74,8 @@ std::string OperatorConsole::execute(std::string_view line, TimePoint now) {
            "\"; the commands are: " + listOfCommands();
   }
   if (words.size() < command->fewestArguments || words.size() > command->mostArguments) {
-    return "error: the command is: " + usage(*command);
+    return "error: the command is: " + usage(*command) +
+           (command->words == nullptr ? "" : "; " + command->words(devices_));
   }
   return command->handle({devices_, quit_, now}, words);
 }

@@ -15,10 +15,17 @@ namespace {
 constexpr std::size_t kMaxLineBytes = 2048;
 
 std::string unknownPrinter(const ConsoleContext& context, const std::string& name) {
-  std::string list;
-  for (const Printer& printer : context.devices.printers.all()) addToList(list, printer.name());
-  return "error: unknown printer \"" + printable(name, kMaxEchoBytes) +
-         "\"; the printers are: " + list;
+  return "error: unknown printer \"" + printable(name, kMaxEchoBytes) + "\"; " +
+         wordsForPrinters(context.devices);
+}
+
+std::string unknownFault(const ConsoleContext& context, const std::string& name) {
+  return "error: unknown fault \"" + printable(name, kMaxEchoBytes) + "\"; " +
+         wordsForFaults(context.devices);
+}
+
+std::string wordsForFaultsAndPrinters(const Devices& devices) {
+  return wordsForFaults(devices) + "; " + wordsForPrinters(devices);
 }
 
 // The printer that the argument at `index` names, or the default one without it.
@@ -35,12 +42,7 @@ std::string fault(const ConsoleContext& context, const ConsoleArguments& argumen
   const auto& faults = printerFaults();
   const auto row = std::find_if(faults.begin(), faults.end(),
                                 [&](const PrinterFaultRow& r) { return r.name == name; });
-  if (row == faults.end()) {
-    std::string list;
-    for (const PrinterFaultRow& known : faults) addToList(list, known.name);
-    return "error: unknown fault \"" + printable(name, kMaxEchoBytes) +
-           "\"; the faults are: " + list;
-  }
+  if (row == faults.end()) return unknownFault(context, name);
   if (state != "on" && state != "off") {
     return "error: fault needs on or off, as in: fault out-of-paper on";
   }
@@ -51,10 +53,29 @@ std::string fault(const ConsoleContext& context, const ConsoleArguments& argumen
          toText(printer->status()) + " " + message(printer->status());
 }
 
+std::string faultsOf(const Printer& printer) {
+  std::string list;
+  for (const PrinterFaultRow& row : printerFaults()) {
+    if (printer.hasFault(row.fault)) addToList(list, row.name);
+  }
+  return list;
+}
+
+// A job keeps the width that it began with.
+std::string widthOf(const Printer& printer) {
+  const Job* job = printer.job();
+  const bool isPrinting = job != nullptr && !job->isFinished();
+  const int now = isPrinting ? job->paper().format().printable : printer.printable();
+  const std::string later = std::to_string(printer.printable()) + " from the next job on";
+  return std::to_string(now) + " dots" + (now == printer.printable() ? "" : ", " + later);
+}
+
 std::string describe(const Printer& printer) {
   std::ostringstream line;
   line << printer.name() << ", type " << printer.type() << ", state " << toText(printer.status())
-       << " " << message(printer.status()) << ", prints " << printer.printable() << " dots";
+       << " " << message(printer.status());
+  if (const std::string faults = faultsOf(printer); !faults.empty()) line << " (" << faults << ")";
+  line << ", prints " << widthOf(printer);
   if (printer.hasLabels()) line << (printer.knowsLabelGap() ? ", label gap known" : "");
   if (printer.knowsPaperEnd()) line << ", paper end known";
   if (printer.job() != nullptr) {
@@ -122,13 +143,25 @@ std::string drawer(const ConsoleContext& context, const ConsoleArguments& argume
 
 }  // namespace
 
+std::string wordsForFaults(const Devices& /*devices*/) {
+  std::string list;
+  for (const PrinterFaultRow& row : printerFaults()) addToList(list, row.name);
+  return "the faults are: " + list;
+}
+
+std::string wordsForPrinters(const Devices& devices) {
+  std::string list;
+  for (const Printer& printer : devices.printers.all()) addToList(list, printer.name());
+  return "the printers are: " + list;
+}
+
 const ConsoleTable& printerConsoleCommands() {
   static const ConsoleTable table = {
-      {"fault", "NAME on|off [PRINTER]", 2, 3, fault},
+      {"fault", "NAME on|off [PRINTER]", 2, 3, fault, wordsForFaultsAndPrinters},
       {"printers", "", 0, 0, printers},
-      {"settings", "[PRINTER]", 0, 1, settings},
-      {"paper", "[PRINTER]", 0, 1, paper},
-      {"tear", "[PRINTER]", 0, 1, tear},
+      {"settings", "[PRINTER]", 0, 1, settings, wordsForPrinters},
+      {"paper", "[PRINTER]", 0, 1, paper, wordsForPrinters},
+      {"tear", "[PRINTER]", 0, 1, tear, wordsForPrinters},
       {"drawer", "[close]", 0, 1, drawer},
   };
   return table;

@@ -27,13 +27,15 @@ void Printer::setFault(PrinterFault fault, bool on) {
   faults_.set(static_cast<std::size_t>(fault), on);
 }
 
-bool Printer::isPluggedIn() const {
-  return !faults_.test(static_cast<std::size_t>(PrinterFault::Unplugged));
+bool Printer::hasFault(PrinterFault fault) const {
+  return faults_.test(static_cast<std::size_t>(fault));
 }
+
+bool Printer::isPluggedIn() const { return !hasFault(PrinterFault::Unplugged); }
 
 ResultCode Printer::status() const {
   for (const PrinterFaultRow& row : printerFaults()) {
-    if (faults_.test(static_cast<std::size_t>(row.fault))) return row.code;
+    if (hasFault(row.fault)) return row.code;
   }
   return ResultCode::Ok;
 }

@@ -43,6 +43,7 @@ class Printer {
   bool hasLabels() const { return model_.format.hasLabels(); }
 
   void setFault(PrinterFault fault, bool on);
+  bool hasFault(PrinterFault fault) const;
   bool isPluggedIn() const;
   /// The code of the gravest fault, Ok without any.
   ResultCode status() const;

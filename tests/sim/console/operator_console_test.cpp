@@ -91,8 +91,14 @@ TEST_F(OperatorConsoleTest, StatusTellsATareByKey) {
             "ok gross 0.120, net 0.000, tare 0.120 by key, stable, not at zero, state 0 OK");
 }
 
+TEST_F(OperatorConsoleTest, HelpNamesTheCommandsAndTheirWords) {
+  EXPECT_EQ(type("help"),
+            std::string("ok commands: ") + kCommands +
+                "; the faults are: unplugged, abnormal, illegal-head, out-of-paper, hot, busy"
+                "; the printers are: Label, Ticket, Third");
+}
+
 TEST_F(OperatorConsoleTest, QuitEndsTheSimulator) {
-  EXPECT_EQ(type("help"), std::string("ok commands: ") + kCommands);
   EXPECT_FALSE(quit_);
   EXPECT_EQ(type("quit"), "ok stopping");
   EXPECT_TRUE(quit_);

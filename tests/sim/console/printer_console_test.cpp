@@ -43,8 +43,18 @@ TEST_F(PrinterConsoleTest, WrongWordsAreExplained) {
             "error: unknown fault \"paper\"; the faults are: unplugged, abnormal, illegal-head, "
             "out-of-paper, hot, busy");
   EXPECT_EQ(type("fault busy yes"), "error: fault needs on or off, as in: fault out-of-paper on");
-  EXPECT_EQ(type("fault busy"), "error: the command is: fault NAME on|off [PRINTER]");
-  EXPECT_EQ(type("fault busy on Ticket now"), "error: the command is: fault NAME on|off [PRINTER]");
+  for (const char* line : {"fault", "fault busy", "fault busy on Ticket now"}) {
+    EXPECT_EQ(type(line),
+              "error: the command is: fault NAME on|off [PRINTER]; the faults are: unplugged, "
+              "abnormal, illegal-head, out-of-paper, hot, busy; the printers are: Label, Ticket, "
+              "Third")
+        << line;
+  }
+  for (const char* command : {"settings", "paper", "tear"}) {
+    EXPECT_EQ(type(std::string(command) + " Label Ticket"),
+              "error: the command is: " + std::string(command) +
+                  " [PRINTER]; the printers are: Label, Ticket, Third");
+  }
   for (const char* command : {"fault busy on ", "settings ", "paper ", "tear "}) {
     EXPECT_EQ(type(std::string(command) + "ticket\x07"),
               "error: unknown printer \"ticket\\x07\"; the printers are: Label, Ticket, Third")
@@ -66,12 +76,22 @@ TEST_F(PrinterConsoleTest, PrintersShowTheirState) {
   label_.finishJob();
   ticket_.printText("x", 24);
   ticket_.set(Setting::PaperWidth, 384);
+  ticket_.setFault(PrinterFault::Busy, true);
   ticket_.setFault(PrinterFault::HeadHot, true);
   EXPECT_EQ(type("printers"),
             "ok printers, 3 lines\n"
             "Label, type 0, state 0 OK, prints 448 dots, label gap known, paper end known, "
             "job 1 finished\n"
-            "Ticket, type 1, state 2007 Print Head is Hot, prints 384 dots, job 2 printing\n"
+            "Ticket, type 1, state 2007 Print Head is Hot (hot, busy), prints 576 dots, "
+            "384 from the next job on, job 2 printing\n"
+            "Third, type 2, state 0 OK, prints 576 dots");
+  ticket_.tearOff();
+  ticket_.setFault(PrinterFault::HeadHot, false);
+  EXPECT_EQ(type("printers"),
+            "ok printers, 3 lines\n"
+            "Label, type 0, state 0 OK, prints 448 dots, label gap known, paper end known, "
+            "job 1 finished\n"
+            "Ticket, type 1, state 2005 Printer is Busy (busy), prints 384 dots\n"
             "Third, type 2, state 0 OK, prints 576 dots");
 }
 
