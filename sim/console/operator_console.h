@@ -19,7 +19,7 @@ class OperatorConsole {
 
   /// Carries out one command and returns the answer without its last line end: "ok ..." or
   /// "error: ..." with what would have been right. An answer of several lines says in its first one
-  /// how many more there are. An empty or blank line gives an empty answer.
+  /// how many more there are, as in "3 lines". An empty or blank line gives an empty answer.
   std::string execute(std::string_view line, TimePoint now);
 
  private:
