@@ -1,5 +1,7 @@
 #include "base/printable.h"
 
+#include "base/utf8.h"
+
 namespace tolvex::sim {
 
 namespace {
@@ -10,27 +12,22 @@ unsigned char byteAt(std::string_view text, std::size_t index) {
 
 bool isContinuation(unsigned char byte) { return (byte & 0xC0U) == 0x80U; }
 
-// Length that the first byte of a UTF-8 sequence promises; 0 for a byte that can not start one.
-std::size_t promisedLength(unsigned char first) {
-  if (first < 0x80) return 1;
-  if (first >= 0xC2 && first <= 0xDF) return 2;
-  if (first >= 0xE0 && first <= 0xEF) return 3;
-  if (first >= 0xF0 && first <= 0xF4) return 4;
-  return 0;
+// Characters that steer instead of being shown. U+0080 to U+009F are control characters too; some
+// terminals act on them. The others end lines, or turn the direction of what follows.
+bool isSteering(char32_t character) {
+  return character < 0x20 || (character >= 0x7F && character <= 0x9F) ||
+         (character >= 0x2028 && character <= 0x202E) ||
+         (character >= 0x2066 && character <= 0x2069);
 }
 
 // Length of the printable character that `text` starts with, 0 if there is none.
 std::size_t printableLength(std::string_view text) {
-  const unsigned char first = byteAt(text, 0);
-  if (first < 0x20 || first == 0x7F) return 0;
-  const std::size_t length = promisedLength(first);
-  if (length == 0 || length > text.size()) return 0;
-  for (std::size_t i = 1; i < length; ++i) {
-    if (!isContinuation(byteAt(text, i))) return 0;
-  }
-  // U+0080 to U+009F are control characters too; some terminals act on them.
-  if (first == 0xC2 && byteAt(text, 1) < 0xA0) return 0;
-  return length;
+  std::string_view rest = text;
+  const char32_t character = takeCharacter(rest);
+  const std::size_t length = text.size() - rest.size();
+  // Only a byte that is no character is replaced by a longer one.
+  const bool isBroken = character == kReplacementCharacter && length == 1;
+  return isBroken || isSteering(character) ? 0 : length;
 }
 
 void appendEscaped(std::string& line, unsigned char byte) {

@@ -8,7 +8,7 @@
 namespace tolvex::sim {
 
 /// Returns `text` with everything a terminal could take as a command written as \xNN: control
-/// characters (CR and LF too) and bytes that are not UTF-8. Other UTF-8 text stays readable.
+/// characters (CR and LF too), what turns the direction of writing, and bytes that are not UTF-8. Other UTF-8 text stays readable.
 /// A backslash stays as it is, because JSON is full of them. Text of more than `maxBytes` bytes is
 /// cut there and ends with its full length, as in "... (70000 bytes)".
 std::string printable(std::string_view text, std::size_t maxBytes);

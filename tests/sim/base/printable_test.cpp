@@ -26,6 +26,22 @@ TEST(Printable, EscapesControlCharacters) {
   EXPECT_EQ(printable("\xC2\xA0", kPlenty), "\xC2\xA0");
 }
 
+TEST(Printable, EscapesWhatTurnsTheDirectionOrEndsALine) {
+  EXPECT_EQ(printable("\xE2\x80\xA8\xE2\x80\xAE", kPlenty), R"(\xe2\x80\xa8\xe2\x80\xae)");
+  EXPECT_EQ(printable("\xE2\x81\xA6\xE2\x81\xA9", kPlenty), R"(\xe2\x81\xa6\xe2\x81\xa9)");
+  // The characters before and after them.
+  const std::string others = "\xE2\x80\xA7\xE2\x80\xAF\xE2\x81\xA5\xE2\x81\xAA";
+  EXPECT_EQ(printable(others, kPlenty), others);
+}
+
+TEST(Printable, EscapesCharactersThatAreNone) {
+  EXPECT_EQ(printable("\xE0\x80\x80", kPlenty), R"(\xe0\x80\x80)");
+  EXPECT_EQ(printable("\xED\xA0\x80", kPlenty), R"(\xed\xa0\x80)");
+  EXPECT_EQ(printable("\xF4\x90\x80\x80", kPlenty), R"(\xf4\x90\x80\x80)");
+  // The replacement character itself is one.
+  EXPECT_EQ(printable("\xEF\xBF\xBD", kPlenty), "\xEF\xBF\xBD");
+}
+
 TEST(Printable, EscapesBytesThatAreNoUtf8) {
   EXPECT_EQ(printable("\xFF\x80", kPlenty), R"(\xff\x80)");
   EXPECT_EQ(printable("\xC3(", kPlenty), R"(\xc3()");
