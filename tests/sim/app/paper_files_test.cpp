@@ -156,24 +156,18 @@ TEST_F(PaperFilesTest, AFailureComesWithItsCauseAndAdvice) {
                                                  "Choose another folder with --paper-dir."}));
 }
 
-TEST_F(PaperFilesTest, APictureThatCanNotBeWrittenLeavesNoText) {
-  PaperFiles paperFiles = makeFiles();
-  fs::create_directories(fs::u8path(pathOf("job-0001-Ticket.svg.tmp") + "/in the way"));
-  EXPECT_EQ(paperFiles.save(job(1, "x")), "");
-  ASSERT_EQ(warnings_.size(), 1U);
-  EXPECT_EQ(warnings_[0].find("cannot write " + pathOf("job-0001-Ticket.svg") + ": "), 0U)
-      << warnings_[0];
-  EXPECT_EQ(files(), std::vector<std::string>{"job-0001-Ticket.svg.tmp"});
-}
-
-TEST_F(PaperFilesTest, APictureThatCanNotBeReplacedLeavesNoText) {
-  PaperFiles paperFiles = makeFiles();
-  fs::create_directories(fs::u8path(pathOf("job-0001-Ticket.svg") + "/in the way"));
-  EXPECT_EQ(paperFiles.save(job(1, "x")), "");
-  ASSERT_EQ(warnings_.size(), 1U);
-  EXPECT_EQ(warnings_[0].find("cannot write " + pathOf("job-0001-Ticket.svg") + ": "), 0U)
-      << warnings_[0];
-  EXPECT_EQ(files(), std::vector<std::string>{"job-0001-Ticket.svg"});
+TEST_F(PaperFilesTest, APictureThatCanNotBeWrittenOrReplacedLeavesNoText) {
+  for (const char* blocked : {"job-0001-Ticket.svg.tmp", "job-0001-Ticket.svg"}) {
+    warnings_.clear();
+    PaperFiles paperFiles = makeFiles();
+    fs::create_directories(fs::u8path(pathOf(blocked) + "/in the way"));
+    EXPECT_EQ(paperFiles.save(job(1, "x")), "");
+    ASSERT_EQ(warnings_.size(), 1U);
+    EXPECT_EQ(warnings_[0].find("cannot write " + pathOf("job-0001-Ticket.svg") + ": "), 0U)
+        << warnings_[0];
+    EXPECT_EQ(files(), std::vector<std::string>{blocked});
+    fs::remove_all(fs::u8path(pathOf(blocked)));
+  }
 }
 
 TEST_F(PaperFilesTest, AChangeThatCanNotBeWrittenLeavesTheJobAsItWas) {

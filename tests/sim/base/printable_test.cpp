@@ -27,7 +27,8 @@ TEST(Printable, EscapesControlCharacters) {
 }
 
 TEST(Printable, EscapesWhatTurnsTheDirectionOrEndsALine) {
-  EXPECT_EQ(printable("\xE2\x80\xA8\xE2\x80\xAE", kPlenty), R"(\xe2\x80\xa8\xe2\x80\xae)");
+  EXPECT_EQ(printable("\xE2\x80\xA8\xE2\x80\xAE\xE2\x80\xAC", kPlenty),
+            R"(\xe2\x80\xa8\xe2\x80\xae\xe2\x80\xac)");
   EXPECT_EQ(printable("\xE2\x81\xA6\xE2\x81\xA9", kPlenty), R"(\xe2\x81\xa6\xe2\x81\xa9)");
   // The characters before and after them.
   const std::string others = "\xE2\x80\xA7\xE2\x80\xAF\xE2\x81\xA5\xE2\x81\xAA";
