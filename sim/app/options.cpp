@@ -80,7 +80,8 @@ void addOptions(CLI::App& app, Options& options, Raw& raw) {
       ->type_name("SECONDS")
       ->check(CLI::Validator(checkSettling, ""));
   app.add_option("--paper-dir", options.paperDir,
-                 "Folder for the paper of finished jobs, as SVG pictures and as text")
+                 "Folder for the paper of finished jobs, as SVG pictures and as text; what earlier "
+                 "runs left there is removed")
       ->type_name("DIR")
       ->check(CLI::Validator(checkPaperDir, ""));
   app.add_flag("--console", options.console, "Read operator commands from standard input");
