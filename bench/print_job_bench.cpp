@@ -10,10 +10,8 @@
 //
 // usage: print_job_bench [PAIRS]
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <ctime>
-#include <exception>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -21,6 +19,7 @@
 #include "allocation_counter.h"
 #include "printing/drain.h"
 #include "printing/queue_text.h"
+#include "program.h"
 #include "quantile.h"
 #include "service/vco_client_api.h"
 #include "state_folder.h"
@@ -118,12 +117,5 @@ void measure(std::size_t pairs) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    const long given = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 0;
-    measure(given > 0 ? static_cast<std::size_t>(given) : kDefaultPairs);
-    return 0;
-  } catch (const std::exception& failure) {
-    std::fprintf(stderr, "print_job_bench: %s\n", failure.what());
-    return 1;
-  }
+  return bench::run("print_job_bench", kDefaultPairs, argc, argv, measure);
 }

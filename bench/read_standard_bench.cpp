@@ -15,15 +15,14 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
-#include <exception>
 #include <functional>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "allocation_counter.h"
+#include "program.h"
 #include "quantile.h"
 #include "state_folder.h"
 #include "weight_service.h"
@@ -125,12 +124,5 @@ void measure(std::size_t pairs) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  try {
-    const long given = argc > 1 ? std::strtol(argv[1], nullptr, 10) : 0;
-    measure(given > 0 ? static_cast<std::size_t>(given) : kDefaultPairs);
-    return 0;
-  } catch (const std::exception& failure) {
-    std::fprintf(stderr, "read_standard_bench: %s\n", failure.what());
-    return 1;
-  }
+  return bench::run("read_standard_bench", kDefaultPairs, argc, argv, measure);
 }
