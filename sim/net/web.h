@@ -1,0 +1,55 @@
+// HTTP and the live channel as the rest of the simulator sees them, without sockets.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tolvex::sim {
+
+/// One request. Already checked by the server: it comes from this machine's own pages or from a
+/// program, its body is no longer than allowed, its path is decoded.
+struct HttpRequest {
+  std::string method;                        // "GET", "PATCH" ...
+  std::string path;                          // decoded, begins with '/', without the query
+  std::map<std::string, std::string> query;  // decoded; of names that occur twice the last
+  std::string contentType;                   // without parameters, lower case; empty if none
+  std::string body;
+};
+
+struct HttpResponse {
+  int status = 200;
+  std::string contentType = "application/json";
+  std::string body;
+  /// Further headers, such as {"Content-Disposition", "attachment"}.
+  std::vector<std::pair<std::string, std::string>> headers;
+};
+
+/// What one viewer of the live channel is told.
+class LiveFeed {
+ public:
+  virtual ~LiveFeed() = default;
+
+  /// The next message for this viewer, JSON; empty when there is nothing new. Called when the
+  /// viewer has taken the one before, whenever something has changed, and about 20 times a second.
+  virtual std::string next() = 0;
+};
+
+/// The pages and the API that a server serves. All calls come on the server's thread.
+class WebSite {
+ public:
+  virtual ~WebSite() = default;
+
+  /// Answers with one call of `respond`, at once or later, on the same thread. It may be called
+  /// after the client has left, and has no effect then.
+  virtual void answer(const HttpRequest& request, std::function<void(HttpResponse)> respond) = 0;
+
+  /// A feed for a viewer that opened the live channel (/api/live) with this request.
+  virtual std::unique_ptr<LiveFeed> openFeed(const HttpRequest& request) = 0;
+};
+
+}  // namespace tolvex::sim
