@@ -37,8 +37,8 @@ void logExchange(Half half, const std::string& client, const Exchange& exchange)
 }
 
 std::string advice(const ListenError& error) {
-  const std::string otherPort = std::string("choose another port with --") + name(error.half()) +
-                                "-port or another address with --address";
+  const std::string otherPort =
+      "choose another port with --" + error.portName() + "-port or another address with --address";
   switch (error.failure()) {
     case ListenFailure::InUse:
       return ". Is another zelkad or zelkad-sim running? Stop it, or " + otherPort + ".";

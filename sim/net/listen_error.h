@@ -4,8 +4,7 @@
 #include <cstdint>
 #include <stdexcept>
 #include <string>
-
-#include "base/half.h"
+#include <utility>
 
 namespace tolvex::sim {
 
@@ -23,18 +22,19 @@ enum class ListenFailure {
 class ListenError : public std::runtime_error {
  public:
   /// `cause` says in a few words why.
-  ListenError(Half half, const std::string& address, std::uint16_t port, ListenFailure failure,
-              const std::string& cause)
+  ListenError(std::string portName, const std::string& address, std::uint16_t port,
+              ListenFailure failure, const std::string& cause)
       : std::runtime_error("cannot listen on " + address + ":" + std::to_string(port) + " (" +
-                           name(half) + "): " + cause),
-        half_(half),
+                           portName + "): " + cause),
+        portName_(std::move(portName)),
         failure_(failure) {}
 
-  Half half() const { return half_; }
+  /// What the port serves: "weighing", "printing" or "web".
+  const std::string& portName() const { return portName_; }
   ListenFailure failure() const { return failure_; }
 
  private:
-  Half half_;
+  std::string portName_;
   ListenFailure failure_;
 };
 

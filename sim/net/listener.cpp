@@ -2,11 +2,9 @@
 
 #include <boost/asio/ip/address_v4.hpp>
 #include <chrono>
-#include <memory>
 #include <utility>
 
 #include "base/ipv4.h"
-#include "net/session.h"
 #include "platform/platform.h"
 
 namespace tolvex::sim {
@@ -40,17 +38,22 @@ Failure explain(const error_code& error) {
 
 }  // namespace
 
-Listener::Listener(asio::io_context& context, Service& service, Half half,
-                   const ServerEvents& events, const std::string& address, std::uint16_t port)
-    : acceptor_(context), pause_(context), service_(service), half_(half), events_(events) {
+Listener::Listener(asio::io_context& context, std::string name, const std::string& address,
+                   std::uint16_t port, Begin begin, Troubled troubled)
+    : acceptor_(context),
+      pause_(context),
+      name_(std::move(name)),
+      begin_(std::move(begin)),
+      troubled_(std::move(troubled)) {
   if (!isIpv4Address(address)) {
-    throw ListenError(half, address, port, ListenFailure::NoSuchAddress, "that is no IPv4 address");
+    throw ListenError(name_, address, port, ListenFailure::NoSuchAddress,
+                      "that is no IPv4 address");
   }
   error_code error;
   const auto check = [&] {
     if (!error) return;
     const Failure failure = explain(error);
-    throw ListenError(half, address, port, failure.kind, failure.cause);
+    throw ListenError(name_, address, port, failure.kind, failure.cause);
   };
   const auto ip = asio::ip::make_address_v4(address, error);
   check();
@@ -70,15 +73,14 @@ void Listener::accept() {
     if (error == asio::error::operation_aborted) return;
     if (error) return recover(error.message());
     inTrouble_ = false;
-    std::make_shared<Session>(std::move(socket), service_, half_, events_)->start();
+    begin_(std::move(socket));
     accept();
   });
 }
 
 void Listener::recover(const std::string& cause) {
-  if (!inTrouble_ && events_.troubled) {
-    events_.troubled(std::string("cannot accept clients on the ") + name(half_) +
-                     " port: " + cause + "; trying again");
+  if (!inTrouble_ && troubled_) {
+    troubled_("cannot accept clients on the " + name_ + " port: " + cause + "; trying again");
   }
   inTrouble_ = true;
   pause_.expires_after(kPauseAfterFailure);

@@ -5,20 +5,26 @@
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/steady_timer.hpp>
 #include <cstdint>
+#include <functional>
 #include <string>
 
-#include "net/server.h"
+#include "net/listen_error.h"
 
 namespace tolvex::sim {
 
-/// Accepts clients and starts a session for each. When the system can not give it one more
-/// connection (too many open files, say) it says so once, and tries again after a pause for as
-/// long as it takes.
+/// Accepts clients and hands each over. When the system can not give it one more connection (too
+/// many open files, say) it says so once, and tries again after a pause for as long as it takes.
 class Listener {
  public:
-  /// Opens the port; throws ListenError. The references must outlive the listener.
-  Listener(boost::asio::io_context& context, Service& service, Half half,
-           const ServerEvents& events, const std::string& address, std::uint16_t port);
+  /// Takes over a client's connection and starts to serve it.
+  using Begin = std::function<void(boost::asio::ip::tcp::socket)>;
+  /// Told what went wrong, one line of text; may be empty.
+  using Troubled = std::function<void(const std::string&)>;
+
+  /// Opens the port; throws ListenError. `name` says what the port serves, as ListenError does. The
+  /// context must outlive the listener.
+  Listener(boost::asio::io_context& context, std::string name, const std::string& address,
+           std::uint16_t port, Begin begin, Troubled troubled);
 
   std::uint16_t port() const { return port_; }
 
@@ -30,9 +36,9 @@ class Listener {
 
   boost::asio::ip::tcp::acceptor acceptor_;
   boost::asio::steady_timer pause_;
-  Service& service_;
-  Half half_;
-  const ServerEvents& events_;
+  std::string name_;
+  Begin begin_;
+  Troubled troubled_;
   std::uint16_t port_ = 0;
   bool inTrouble_ = false;
 };

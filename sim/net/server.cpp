@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "net/listener.h"
+#include "net/session.h"
 #include "platform/platform.h"
 
 namespace tolvex::sim {
@@ -33,8 +34,11 @@ Server::Server(Service& service, ServerEvents events)
 Server::~Server() = default;
 
 std::uint16_t Server::listen(Half half, const std::string& address, std::uint16_t port) {
-  Listener& listener = impl_->listeners.emplace_back(impl_->context, impl_->service, half,
-                                                     impl_->events, address, port);
+  const auto begin = [this, half](asio::ip::tcp::socket socket) {
+    std::make_shared<Session>(std::move(socket), impl_->service, half, impl_->events)->start();
+  };
+  Listener& listener = impl_->listeners.emplace_back(impl_->context, name(half), address, port,
+                                                     begin, impl_->events.troubled);
   listener.accept();
   return listener.port();
 }

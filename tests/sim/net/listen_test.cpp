@@ -35,7 +35,7 @@ TEST_F(ListenTest, APortOfAnotherServerIsRefused) {
   const std::uint16_t port = first.listen(Half::Weighing, "127.0.0.1", 0);
   const ListenError error = refusalOf("127.0.0.1", port);
   EXPECT_EQ(error.failure(), ListenFailure::InUse);
-  EXPECT_EQ(error.half(), Half::Printing);
+  EXPECT_EQ(error.portName(), "printing");
   EXPECT_EQ(error.what(), "cannot listen on 127.0.0.1:" + std::to_string(port) +
                               " (printing): another program has this port");
 }
