@@ -4,6 +4,7 @@
 #include <boost/asio/io_context.hpp>
 #include <boost/asio/post.hpp>
 #include <boost/asio/signal_set.hpp>
+#include <boost/asio/steady_timer.hpp>
 #include <list>
 #include <utility>
 
@@ -60,6 +61,15 @@ void Server::stop() { impl_->context.stop(); }
 
 void Server::post(std::function<void()> function) {
   asio::post(impl_->context, std::move(function));
+}
+
+void Server::after(std::chrono::milliseconds delay, std::function<void()> function) {
+  // The wait owns its timer and ends with the context.
+  const auto timer = std::make_shared<asio::steady_timer>(impl_->context, delay);
+  timer->async_wait(
+      [timer, function = std::move(function)](const boost::system::error_code& error) {
+        if (!error) function();
+      });
 }
 
 }  // namespace tolvex::sim

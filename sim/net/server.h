@@ -1,6 +1,7 @@
 // The TCP side of the service: two ports, any number of clients, one thread.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -54,6 +55,11 @@ class Server {
   /// Has `function` called on the thread that is in run(). Any thread may call it. A function that
   /// is still waiting when the server stops is not called.
   void post(std::function<void()> function);
+
+  /// Has `function` called on the thread that is in run(), once `delay` has passed. To be called on
+  /// that thread, or before run(). A function that is still waiting when the server stops is not
+  /// called.
+  void after(std::chrono::milliseconds delay, std::function<void()> function);
 
  private:
   struct Impl;

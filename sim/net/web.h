@@ -19,6 +19,8 @@ struct HttpRequest {
   std::map<std::string, std::string> query;  // decoded; of names that occur twice the last
   std::string contentType;                   // without parameters, lower case; empty if none
   std::string body;
+  /// Whether the client has left since, for those that answer later; empty when nobody knows.
+  std::function<bool()> clientLeft;
 };
 
 struct HttpResponse {
@@ -45,7 +47,9 @@ class WebSite {
   virtual ~WebSite() = default;
 
   /// Answers with one call of `respond`, at once or later, on the same thread. It may be called
-  /// after the client has left, and has no effect then.
+  /// after the client has left or the server is gone, and has no effect then. Who keeps it for
+  /// long asks the request's clientLeft now and then, so that clients who ask and leave do not
+  /// pile up. HEAD arrives as GET.
   virtual void answer(const HttpRequest& request, std::function<void(HttpResponse)> respond) = 0;
 
   /// A feed for a viewer that opened the live channel (/api/live) with this request.

@@ -1,5 +1,7 @@
 #include "net/server.h"
 
+#include <chrono>
+#include <future>
 #include <memory>
 
 #include "server_fixture.h"
@@ -149,6 +151,31 @@ TEST_F(ServerTest, ClosesItsConnectionsWhenItGoes) {
   thread.join();
   second.reset();
   EXPECT_EQ(client.receiveAll(), "");
+}
+
+TEST_F(ServerTest, CallsAFunctionLater) {
+  std::vector<int> calls;
+  std::promise<void> done;
+  onServer([&] {
+    server_.after(std::chrono::milliseconds(20), [&] {
+      calls.push_back(2);
+      done.set_value();
+    });
+    server_.after(std::chrono::milliseconds(0), [&] { calls.push_back(1); });
+    calls.push_back(0);
+  });
+  done.get_future().wait();
+  EXPECT_EQ(calls, (std::vector<int>{0, 1, 2}));
+}
+
+TEST_F(ServerTest, DropsWhatIsStillToBeCalledWhenItGoes) {
+  const auto witness = std::make_shared<int>(0);
+  auto second = std::make_unique<Server>(service_, ServerEvents());
+  second->after(std::chrono::hours(1), [witness] { ++*witness; });
+  EXPECT_EQ(witness.use_count(), 2);
+  second.reset();
+  EXPECT_EQ(witness.use_count(), 1);
+  EXPECT_EQ(*witness, 0);
 }
 
 }  // namespace
