@@ -8,8 +8,10 @@
 #include <list>
 #include <utility>
 
+#include "net/http_session.h"
 #include "net/listener.h"
 #include "net/session.h"
+#include "net/web_host.h"
 #include "platform/platform.h"
 
 namespace tolvex::sim {
@@ -27,6 +29,7 @@ struct Server::Impl {
   asio::io_context context;
   asio::signal_set signals;
   std::list<Listener> listeners;
+  std::shared_ptr<WebHost> web;
 };
 
 Server::Server(Service& service, ServerEvents events)
@@ -42,6 +45,23 @@ std::uint16_t Server::listen(Half half, const std::string& address, std::uint16_
                                                      begin, impl_->events.troubled);
   listener.accept();
   return listener.port();
+}
+
+std::uint16_t Server::serveWeb(const std::string& address, std::uint16_t port, WebSite& site) {
+  const auto web = std::make_shared<WebHost>(impl_->context, site);
+  const auto begin = [web](asio::ip::tcp::socket socket) {
+    startHttpSession(std::move(socket), web);
+  };
+  Listener& listener = impl_->listeners.emplace_back(impl_->context, "web", address, port, begin,
+                                                     impl_->events.troubled);
+  web->where = {address, listener.port()};
+  impl_->web = web;
+  listener.accept();
+  return listener.port();
+}
+
+void Server::wakeFeeds() {
+  if (impl_->web) impl_->web->wake();
 }
 
 void Server::stopOnSignals() {

@@ -14,6 +14,7 @@
 namespace tolvex::sim {
 
 class Service;
+class WebSite;
 
 /// What a server tells about itself while it runs. Both are called on the thread in run().
 struct ServerEvents {
@@ -42,6 +43,15 @@ class Server {
   /// Accepts clients of `half` on an IPv4 address and port; port 0 takes any free one. Returns the
   /// port. Throws ListenError. Call it before run().
   std::uint16_t listen(Half half, const std::string& address, std::uint16_t port);
+
+  /// Serves a site to browsers and programs on an IPv4 address and port; port 0 takes any free one.
+  /// Returns the port. Throws ListenError. Call it once at most, before run(). The site must outlive
+  /// the server.
+  std::uint16_t serveWeb(const std::string& address, std::uint16_t port, WebSite& site);
+
+  /// Has the viewers of the live channel look for news soon. To be called on the thread in run(), as
+  /// often as anything changes: many calls at once cost no more than one.
+  void wakeFeeds();
 
   /// The signals that end the program (Ctrl-C and its relatives) make run() return from now on.
   void stopOnSignals();

@@ -1,0 +1,16 @@
+#include "net/http_error.h"
+
+#include <nlohmann/json.hpp>
+
+namespace tolvex::sim {
+
+HttpResponse httpError(int status, const std::string& what, const std::string& remedy) {
+  using Json = nlohmann::ordered_json;
+  const Json body = {{"error", {{"what", what}, {"remedy", remedy}}}};
+  HttpResponse response;
+  response.status = status;
+  response.body = body.dump(-1, ' ', false, Json::error_handler_t::replace);
+  return response;
+}
+
+}  // namespace tolvex::sim
