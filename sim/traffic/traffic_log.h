@@ -1,6 +1,7 @@
 // What went over the wire.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
@@ -57,21 +58,24 @@ struct TrafficEntry {
   Outcome outcome = Outcome::Pending;
   /// Kinds of the faults that acted, as operators call them ("delay", "two-pieces").
   std::vector<std::string> faults;
+  /// What TrafficLog::changes() was after this entry's latest change; given by the log.
+  std::uint64_t change = 0;
 };
 
-/// The latest exchanges. Not thread-safe.
+/// The latest exchanges, and who is connected. Not thread-safe.
 class TrafficLog {
  public:
-  /// As many are kept, and as many bytes of requests and replies.
+  /// As many are kept, and as many bytes of requests and replies; of a command as much.
   static constexpr std::size_t kMaxEntries = 10'000;
   static constexpr std::size_t kMaxBytes = std::size_t{32} * 1024 * 1024;
-  static constexpr std::size_t kMaxTextBytes = 16 * 1024;
+  static constexpr std::size_t kMaxTextBytes = std::size_t{16} * 1024;
+  static constexpr std::size_t kMaxCommandBytes = 64;
 
   /// `listener` is called with an entry when it is added and when it is completed. There may be
   /// several.
   void listen(std::function<void(const TrafficEntry& entry)> listener);
 
-  /// Takes in an entry, gives it its number and returns that.
+  /// Takes in an entry, gives it its number and returns that. Texts that are too long are cut.
   std::uint64_t add(TrafficEntry entry);
 
   /// Completes an entry. Without effect if it is no longer kept.
@@ -82,25 +86,66 @@ class TrafficLog {
   /// The entry with this number, null if it is not kept.
   const TrafficEntry* find(std::uint64_t number) const;
 
-  /// Grows with each add() and complete(); `changes()` of an entry is the value after its latest.
+  /// Grows with every change, connections included.
   std::uint64_t changes() const { return changes_; }
+
+  /// The entries that have changed since changes() was `since`, in the order of their latest
+  /// changes, `most` of them at most. To go on, ask again with `change` of the last one. The
+  /// pointers are valid until the log changes. Takes time for what has changed only.
+  std::vector<const TrafficEntry*> changedSince(std::uint64_t since, std::size_t most) const;
 
   /// Number of the newest entry ever, 0 if there was none.
   std::uint64_t newest() const { return lastNumber_; }
+  /// Number of the oldest entry that is kept; of the next one if there is none.
+  std::uint64_t oldest() const { return lastNumber_ + 1 - entries_.size(); }
 
-  /// Forgets the entries; numbers go on.
+  /// A client has connected, or is gone. The first gives the number of the connection.
+  std::uint64_t connected(Half half, const std::string& client);
+  void disconnected(Half half);
+  std::size_t connections(Half half) const { return connections_.at(indexOf(half)); }
+
+  /// The client that connected or sent a request last; empty if there was none.
+  const std::string& lastClient() const { return lastClient_; }
+  /// When the newest request came.
+  std::optional<WallTime> lastRequest() const { return lastRequest_; }
+  /// Number of the newest entry that went wrong: a command that the port does not have, a result
+  /// other than 0 and 1005 (a weight that moves is everyday life), or a fault. 0 if there was none. It may be no longer kept.
+  std::uint64_t lastError() const { return lastError_; }
+
+  /// Forgets the entries, the latest client, request and error; numbers and connections go on.
   void clear();
-  /// Forgets the entries; numbers begin again.
+  /// The same, and the numbers of entries begin again. Those of connections go on.
   void restart();
+  /// How often the numbers began again. Who remembers a number forgets it when this has grown.
+  std::uint64_t restarts() const { return restarts_; }
 
  private:
-  void changed(const TrafficEntry& entry);
+  struct Change {
+    std::uint64_t change;
+    std::uint64_t number;
+  };
+
+  static std::size_t indexOf(Half half) { return half == Half::Weighing ? 0 : 1; }
+  bool isLatest(const Change& change) const;
+  void changed(TrafficEntry& entry);
+  void forgetOldest();
 
   std::deque<TrafficEntry> entries_;
+  // Oldest first. An entry stands here for each of its changes, of which only the latest counts.
+  std::deque<Change> history_;
   std::vector<std::function<void(const TrafficEntry&)>> listeners_;
   std::size_t bytes_ = 0;
   std::uint64_t lastNumber_ = 0;
   std::uint64_t changes_ = 0;
+  std::uint64_t restarts_ = 0;
+  std::array<std::size_t, 2> connections_{};
+  std::uint64_t lastConnection_ = 0;
+  std::string lastClient_;
+  std::optional<WallTime> lastRequest_;
+  std::uint64_t lastError_ = 0;
 };
+
+/// "pending", "answered" and so on, for people and programs to read. The text is static.
+const char* name(Outcome outcome);
 
 }  // namespace tolvex::sim
