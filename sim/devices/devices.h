@@ -14,6 +14,14 @@ struct Devices {
   /// The arguments are those of the scale.
   explicit Devices(ScaleConfig config = {}, Milligrams load = 0) : scale(std::move(config), load) {}
 
+  /// As constructed with these arguments; job numbers begin again. Whoever listens to the jobs goes
+  /// on to do so. Throws, with nothing changed, as the constructor does.
+  void restore(ScaleConfig config, Milligrams load) {
+    scale = Scale(std::move(config), load);
+    printers.restore();
+    drawer = CashDrawer();
+  }
+
   Scale scale;
   Printers printers;
   CashDrawer drawer;

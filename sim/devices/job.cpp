@@ -19,17 +19,30 @@ std::size_t bytesOf(const PaperItem& item) {
 
 }  // namespace
 
-bool Job::add(std::vector<PaperItem> items) {
+JobEnd Job::end() const {
+  if (paper_.isTornOff()) return JobEnd::Torn;
+  const bool isCut = !paper_.isEmpty() && std::holds_alternative<CutItem>(paper_.items().back());
+  return isCut ? JobEnd::Cut : JobEnd::Open;
+}
+
+bool Job::fits(const std::vector<PaperItem>& items) const {
   std::int64_t length = paper_.length();
   std::size_t bytes = bytes_;
   for (const PaperItem& item : items) {
     length += heightOf(item);
     bytes += bytesOf(item);
   }
-  if (length > kMaxLength || bytes > kMaxBytes) return false;
-  bytes_ = bytes;
-  for (PaperItem& item : items) paper_.add(std::move(item));
-  return true;
+  return length <= kMaxLength && bytes <= kMaxBytes;
+}
+
+void Job::add(PaperItem item) {
+  bytes_ += bytesOf(item);
+  paper_.add(std::move(item));
+}
+
+void Job::endRoll() {
+  const auto& items = paper_.items();
+  if (items.empty() || !std::holds_alternative<RollEndItem>(items.back())) add(RollEndItem{});
 }
 
 void Job::cut(int percent) {

@@ -6,15 +6,39 @@
 
 namespace tolvex::sim {
 
-void JobLog::add(std::shared_ptr<const Job> job) {
-  lastNumber_ = job->number();
-  jobs_.push_back(std::move(job));
-  forgetOldest();
-  changed(*jobs_.back());
+void JobLog::listen(std::function<void(const Job& job)> listener) {
+  listeners_.push_back(std::move(listener));
 }
 
-void JobLog::changed(const Job& job) {
-  if (listener_) listener_(job);
+void JobLog::add(std::shared_ptr<Job> job) {
+  lastNumber_ = job->number();
+  jobs_.push_back(job);
+  forgetOldest();
+  changed(*job);
+}
+
+void JobLog::changed(Job& job) {
+  noted(job);
+  for (const auto& listener : listeners_) listener(job);
+}
+
+void JobLog::clear() {
+  jobs_.erase(
+      std::remove_if(jobs_.begin(), jobs_.end(), [](const auto& job) { return job->isFinished(); }),
+      jobs_.end());
+  ++changes_;
+}
+
+void JobLog::restart() {
+  jobs_.clear();
+  lastNumber_ = 0;
+  ++changes_;
+}
+
+std::shared_ptr<const Job> JobLog::find(int number) const {
+  const auto found = std::find_if(jobs_.begin(), jobs_.end(),
+                                  [number](const auto& job) { return job->number() == number; });
+  return found == jobs_.end() ? nullptr : *found;
 }
 
 std::shared_ptr<const Job> JobLog::newest(std::string_view printer) const {

@@ -32,6 +32,10 @@ class Printers {
   JobLog& jobs() { return jobs_; }
   const JobLog& jobs() const { return jobs_; }
 
+  /// As constructed; job numbers begin again. References to the printers stay valid, and whoever
+  /// listens to the jobs goes on to do so.
+  void restore();
+
   /// Finishes what is still being printed, so that none of it is lost.
   void endJobs();
 

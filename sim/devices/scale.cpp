@@ -4,6 +4,8 @@
 #include <cstdlib>
 #include <utility>
 
+#include "devices/flicker.h"
+
 namespace tolvex::sim {
 
 namespace {
@@ -13,6 +15,7 @@ constexpr Milligrams kOverLoadDivisions = 9;
 constexpr Milligrams kZeroRangeFraction = 50;  // the zero key reaches 1/50 of the capacity
 constexpr Milligrams kQuarter = 4;
 constexpr Milligrams kHighResolution = 10;
+constexpr Milligrams kWanderingDivisions = 2;  // to both sides, of an unstable scale
 
 ScaleConfig validated(ScaleConfig config) {
   validate(config);
@@ -43,6 +46,30 @@ void Scale::plug(TimePoint now) {
   settling_.restart(0, band(), now);
 }
 
+void Scale::setSettling(Seconds duration, TimePoint now) {
+  ScaleConfig config = config_;
+  sim::setSettling(config, duration);
+  validate(config);
+  config_ = std::move(config);
+  settling_.setTimes(config_.timeConstant, config_.holdTime, band(), now);
+}
+
+Seconds Scale::settling() const { return settlingOf(config_); }
+
+// The weight on the display for a reading of the load cell, without the tare.
+Milligrams Scale::shown(Milligrams reading) const {
+  return roundTo(reading - zero_, config_.divisionAt(reading - zero_));
+}
+
+Scale::Reading Scale::readingAt(TimePoint now) const {
+  const Milligrams load = settling_.reading(now);
+  const Milligrams division = config_.divisionAt(load - zero_);
+  const Milligrams wandering = unstable_ ? kWanderingDivisions * division : 0;
+  const bool isFiltered = wandering == 0 && shown(load - noise_) == shown(load + noise_);
+  if (isFiltered) return {load, settling_.isStable(now)};
+  return {load + flickerAt(now, std::max(noise_, wandering)), false};
+}
+
 ResultCode Scale::condition() const {
   if (!pluggedIn_) return ResultCode::LcNotConnected;
   return invalid_ ? ResultCode::InvalidWeight : ResultCode::Ok;
@@ -58,11 +85,12 @@ ResultCode Scale::stateAt(Milligrams gross, bool stable) const {
 }
 
 Weight Scale::weigh(TimePoint now) const {
-  const Milligrams load = gross(now);
+  const Reading reading = readingAt(now);
+  const Milligrams load = reading.load - zero_;
   const Milligrams division = config_.divisionAt(load);
   const Milligrams tenth = division / kHighResolution;
   Weight weight;
-  weight.stable = settling_.isStable(now);
+  weight.stable = reading.stable;
   weight.result = stateAt(load, weight.stable);
   weight.gross = roundTo(load, division);
   // The tare comes off the gross weight as shown, so that gross, net and tare agree on the display
@@ -77,13 +105,13 @@ Weight Scale::weigh(TimePoint now) const {
 
 ResultCode Scale::setZero(TimePoint now) {
   if (const ResultCode code = condition(); code != ResultCode::Ok) return code;
-  if (!settling_.isStable(now)) return ResultCode::WeightNotStable;
-  const Milligrams reading = settling_.reading(now);
-  if (std::abs(reading) > config_.max() / kZeroRangeFraction) {
-    const ResultCode state = stateAt(gross(now), true);
+  const Reading reading = readingAt(now);
+  if (!reading.stable) return ResultCode::WeightNotStable;
+  if (std::abs(reading.load) > config_.max() / kZeroRangeFraction) {
+    const ResultCode state = stateAt(reading.load - zero_, true);
     return state == ResultCode::Ok ? ResultCode::CommandReturnFail : state;
   }
-  zero_ = reading;
+  zero_ = reading.load;
   return ResultCode::Ok;
 }
 

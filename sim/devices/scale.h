@@ -35,6 +35,7 @@ class Scale {
  public:
   /// The heaviest thing that can be put on the platform or, negated, pull it up.
   static constexpr Milligrams kMaxLoad = kilograms(1000);
+  static constexpr Milligrams kMaxNoise = kilograms(1);
 
   /// `load` already lies on the platform, settled; zero is the empty platform. Throws
   /// std::invalid_argument for a configuration that validate() refuses.
@@ -48,6 +49,23 @@ class Scale {
 
   /// While faulty the scale has no valid weight.
   void setInvalid(bool invalid) { invalid_ = invalid; }
+  bool isInvalid() const { return invalid_; }
+
+  /// Another fault: the reading wanders a little around the load, without one too, and is never
+  /// stable.
+  void setUnstable(bool unstable) { unstable_ = unstable; }
+  bool isUnstable() const { return unstable_; }
+
+  /// The reading flickers by up to +-`noise` (0 to kMaxNoise), anew every 100 ms. As long as that
+  /// can not change the weight that is shown, the scale filters it out; otherwise the reading is
+  /// never stable.
+  void setNoise(Milligrams noise) { noise_ = noise; }
+  Milligrams noise() const { return noise_; }
+
+  /// Makes a load of 1 kg stable after about `duration` (0 to an hour) from now on, as
+  /// setSettling() of a configuration does. A reading that moves goes on from where it is.
+  void setSettling(Seconds duration, TimePoint now);
+  Seconds settling() const;
 
   /// Takes the scale's power away. Its tare and zero are lost.
   void unplug();
@@ -84,7 +102,13 @@ class Scale {
   bool overloadAlarm() const { return overloadAlarm_; }
 
  private:
-  Milligrams gross(TimePoint now) const { return settling_.reading(now) - zero_; }
+  /// What the load cell says, from the empty platform.
+  struct Reading {
+    Milligrams load;
+    bool stable;
+  };
+  Reading readingAt(TimePoint now) const;
+  Milligrams shown(Milligrams reading) const;
   Milligrams band() const;
   ResultCode stateAt(Milligrams gross, bool stable) const;
   void setTare(Milligrams tare, TareKind kind);
@@ -95,7 +119,9 @@ class Scale {
   Milligrams tare_ = 0;
   TareKind tareKind_ = TareKind::None;
   bool pluggedIn_ = true;
+  Milligrams noise_ = 0;
   bool invalid_ = false;
+  bool unstable_ = false;
   bool overloadAlarm_ = false;
 };
 

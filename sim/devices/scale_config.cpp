@@ -1,6 +1,7 @@
 #include "devices/scale_config.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <stdexcept>
 #include <string_view>
@@ -66,6 +67,12 @@ void setSettling(ScaleConfig& config, Seconds duration) {
   const ScaleConfig oneSecond;
   config.timeConstant = oneSecond.timeConstant * duration.count();
   config.holdTime = oneSecond.holdTime * duration.count();
+}
+
+Seconds settlingOf(const ScaleConfig& config) {
+  constexpr double kMicrosecond = 1e-6;
+  const double duration = config.holdTime / ScaleConfig().holdTime;
+  return Seconds(std::round(duration / kMicrosecond) * kMicrosecond);
 }
 
 void validate(const ScaleConfig& config) {

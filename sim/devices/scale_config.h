@@ -49,6 +49,10 @@ struct ScaleConfig {
 /// time between settling and holding in the proportion that the defaults have for one second.
 void setSettling(ScaleConfig& config, Seconds duration);
 
+/// The duration for which setSettling() gives this configuration its times; about that if it has
+/// other times than setSettling() gives.
+Seconds settlingOf(const ScaleConfig& config);
+
 /// Throws std::invalid_argument with a message that names the wrong value, unless `config`
 /// describes a scale that can exist.
 void validate(const ScaleConfig& config);

@@ -21,6 +21,14 @@ void Settling::restart(Milligrams value, Milligrams band, TimePoint now) {
   startFrom(value, band, now);
 }
 
+void Settling::setTimes(Seconds timeConstant, Seconds holdTime, Milligrams band, TimePoint now) {
+  const bool wasStable = isStable(now);
+  const Milligrams from = reading(now);
+  timeConstant_ = timeConstant;
+  holdTime_ = holdTime;
+  if (!wasStable) startFrom(from, band, now);
+}
+
 void Settling::startFrom(Milligrams value, Milligrams band, TimePoint now) {
   start_ = value;
   changedAt_ = now;

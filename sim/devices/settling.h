@@ -21,6 +21,9 @@ class Settling {
   /// Starts again from `value`, unstable until it has settled on the present target.
   void restart(Milligrams value, Milligrams band, TimePoint now);
 
+  /// Other times from `now` on. A reading that moves goes on from where it is, as after restart().
+  void setTimes(Seconds timeConstant, Seconds holdTime, Milligrams band, TimePoint now);
+
   /// The reading; exactly the target once stable, as a scale freezes its display at a standstill.
   Milligrams reading(TimePoint now) const;
   bool isStable(TimePoint now) const { return now >= stableAt_; }

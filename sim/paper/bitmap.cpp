@@ -31,6 +31,15 @@ Dot sourceOf(const Bitmap& bitmap, Turn turn, int x, int y) {
   return {x, y};
 }
 
+Bitmap cutTo(const Bitmap& bitmap, int width, int height) {
+  if (width >= bitmap.width() && height >= bitmap.height()) return bitmap;
+  Bitmap result(std::clamp(width, 0, bitmap.width()), std::clamp(height, 0, bitmap.height()));
+  for (int y = 0; y < result.height(); ++y) {
+    for (int x = 0; x < result.width(); ++x) result.set(x, y, bitmap.isDark(x, y));
+  }
+  return result;
+}
+
 }  // namespace
 
 Bitmap::Bitmap(int width, int height)
@@ -66,13 +75,10 @@ Bitmap turned(const Bitmap& bitmap, Turn turn) {
   return result;
 }
 
-Bitmap cutToWidth(const Bitmap& bitmap, int width) {
-  if (width >= bitmap.width()) return bitmap;
-  Bitmap result(std::max(width, 0), bitmap.height());
-  for (int y = 0; y < result.height(); ++y) {
-    for (int x = 0; x < result.width(); ++x) result.set(x, y, bitmap.isDark(x, y));
-  }
-  return result;
+Bitmap cutToWidth(const Bitmap& bitmap, int width) { return cutTo(bitmap, width, bitmap.height()); }
+
+Bitmap cutToHeight(const Bitmap& bitmap, int height) {
+  return cutTo(bitmap, bitmap.width(), height);
 }
 
 }  // namespace tolvex::sim

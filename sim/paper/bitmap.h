@@ -43,4 +43,7 @@ Bitmap turned(const Bitmap& bitmap, Turn turn);
 /// The picture cut to at most this width, from the left.
 Bitmap cutToWidth(const Bitmap& bitmap, int width);
 
+/// The picture cut to at most this height, from the top.
+Bitmap cutToHeight(const Bitmap& bitmap, int height);
+
 }  // namespace tolvex::sim

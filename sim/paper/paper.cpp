@@ -15,6 +15,7 @@ struct Height {
   long long operator()(const ImageItem& image) const { return image.bitmap.height(); }
   long long operator()(const FeedItem& feed) const { return feed.length; }
   long long operator()(const CutItem& /*cut*/) const { return 0; }
+  long long operator()(const RollEndItem& /*end*/) const { return RollEndItem::kLength; }
 };
 
 bool isContent(const PaperItem& item) {
@@ -27,6 +28,22 @@ int clampLength(long long length) { return static_cast<int>(std::min(length, kEn
 
 int heightOf(const PaperItem& item) {
   return static_cast<int>(std::clamp<long long>(std::visit(Height{}, item), 0, kMaxItemHeight));
+}
+
+Paper::Paper(const PaperFormat& format) : format_(format) {
+  if (!format_.hasLabels()) return;
+  stretches_.push_back({0, {StockKind::Gap, format_.labelHeight, format_.labelGap}});
+}
+
+void Paper::layOut(const LabelStock& labels) {
+  format_.labelHeight = labels.label;
+  format_.labelGap = labels.gap;
+  origin_ = length_ - labels.position;
+}
+
+void Paper::lieOn(const LabelStock& stock) {
+  if (stretches_.back().top == length_) stretches_.pop_back();
+  stretches_.push_back({length_, stock});
 }
 
 void Paper::add(PaperItem item) {
@@ -48,17 +65,23 @@ int Paper::topFor(const PaperItem& item) const {
   return std::holds_alternative<CutItem>(item) ? topOfCut() : length_;
 }
 
+// How far a label that the printer believes in has been used at the end of the paper.
+int Paper::usedOfLabel() const {
+  const int pitch = format_.pitch();
+  return ((length_ - origin_) % pitch + pitch) % pitch;
+}
+
 int Paper::topOnLabels(int height) const {
-  const int used = length_ % format_.pitch();
+  const int used = usedOfLabel();
   const bool isInGap = used >= format_.labelHeight;
   const bool fitsOnNext = height <= format_.labelHeight;
   const bool fitsHere = used + height <= format_.labelHeight;
   if (!isInGap && (fitsHere || !fitsOnNext)) return length_;
-  return clampLength((length_ / format_.pitch() + 1LL) * format_.pitch());
+  return clampLength(static_cast<long long>(length_) - used + format_.pitch());
 }
 
 int Paper::topOfCut() const {
-  const int used = length_ % format_.pitch();
+  const int used = usedOfLabel();
   if (used == 0 || used >= format_.labelHeight) return length_;
   return clampLength(static_cast<long long>(length_) + format_.labelHeight - used);
 }

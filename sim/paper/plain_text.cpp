@@ -33,13 +33,15 @@ class PlainText {
 
   void operator()(const CutItem& /*cut*/) { addRule("- "); }
 
+  void operator()(const RollEndItem& /*end*/) { addLine("~~~~ end of the roll ~~~~"); }
+
   // Blank paper up to `top`, with the ends of labels on the way.
   void advanceTo(int top) {
-    while (format_.hasLabels() && top >= format_.topOfLabel(label_ + 1)) {
-      addBlankUpTo(format_.endOfLabel(label_));
+    while (format_.hasLabels() && top >= topOfLabel(label_ + 1)) {
+      addBlankUpTo(topOfLabel(label_) + format_.labelHeight);
       addRule(". ");
       ++label_;
-      at_ = std::max(at_, format_.topOfLabel(label_));
+      at_ = std::max(at_, topOfLabel(label_));
     }
     addBlankUpTo(top);
   }
@@ -49,6 +51,8 @@ class PlainText {
   std::string take() { return std::move(text_); }
 
  private:
+  int topOfLabel(int label) const { return label * format_.pitch(); }
+
   std::string blanks(int indent) const {
     return std::string(static_cast<std::size_t>(std::clamp(indent, 0, format_.width) / kCellWidth),
                        ' ');

@@ -13,7 +13,11 @@ namespace tolvex::sim {
 /// cut leaves; labels lie on their backing with gaps between them, the last one whole, its cut
 /// below it. What lies beyond the printable width or between two labels is not shown. Text of any
 /// bytes gives well-formed XML.
-std::string svgOf(const Paper& paper);
+enum class Form {
+  Picture,  // with background around it
+  Strip,    // the paper alone, to be joined with what hangs above and below it
+};
+std::string svgOf(const Paper& paper, Form form = Form::Picture);
 
 /// What can be read on the paper, one line of text for each printed one, in UTF-8 with "\n" ends
 /// and without blanks before them. Lines of the font that most lines have read as they are; what a

@@ -79,7 +79,8 @@ class Drawing {
 
   double bottom() const {
     if (!format_.hasLabels()) return paper_.length() + (cutAtEnd(paper_) != nullptr ? 0 : kTail);
-    return format_.endOfLabel(labelCount() - 1) + format_.labelGap / 2.0 + kBacking / 2.0;
+    return (labelCount() - 1) * format_.pitch() + format_.labelHeight + format_.labelGap / 2.0 +
+           kBacking / 2.0;
   }
 
   // The outline of the paper or the backing, from the upper left corner clockwise.
@@ -136,7 +137,7 @@ class Drawing {
   std::string labelRectangles(double x, double width, const std::string& more) const {
     std::string rectangles;
     for (int label = 0; label < labelCount(); ++label) {
-      rectangles += rectangle(x, format_.topOfLabel(label), width, format_.labelHeight, more);
+      rectangles += rectangle(x, label * format_.pitch(), width, format_.labelHeight, more);
     }
     return rectangles;
   }
@@ -196,6 +197,6 @@ class Drawing {
 
 }  // namespace
 
-std::string svgOf(const Paper& paper) { return Drawing(paper).take(); }
+std::string svgOf(const Paper& paper, Form /*form*/) { return Drawing(paper).take(); }
 
 }  // namespace tolvex::sim

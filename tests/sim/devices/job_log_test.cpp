@@ -24,12 +24,12 @@ TEST_F(JobLogTest, KeepsTheLatestJobs) {
     ASSERT_EQ(ticket_.finishJob(), ResultCode::Ok);
   }
   EXPECT_EQ(jobs(), JobLog::kMaxJobs);
-  EXPECT_EQ(printers_.jobs().jobs().front()->number(), kJobs - 199);
+  EXPECT_EQ(printers_.jobs().jobs().front()->number(), kJobs - 499);
   EXPECT_EQ(printers_.jobs().jobs().back()->number(), kJobs);
 }
 
 TEST_F(JobLogTest, KeepsSoMuchPaper) {
-  for (int i = 0; i < 300; ++i) {
+  for (int i = 0; i < 700; ++i) {
     ticket_.printImage(Bitmap(576, 8000));
     ticket_.printImage(Bitmap(576, 8000));
     ticket_.finishJob();

@@ -11,7 +11,7 @@
 namespace tolvex::sim {
 
 /// An item in one line: `8+"text"@28` for a text of font 28 indented by 8, `8+[image 3x2]`,
-/// `feed 104`, `cut 70`.
+/// `feed 104`, `cut 70`, `end of roll`.
 inline std::string describe(const PaperItem& item) {
   struct Describe {
     static std::string indent(int dots) { return dots == 0 ? "" : std::to_string(dots) + "+"; }
@@ -28,6 +28,7 @@ inline std::string describe(const PaperItem& item) {
     std::string operator()(const CutItem& cut) const {
       return "cut " + std::to_string(cut.percent);
     }
+    std::string operator()(const RollEndItem& /*end*/) const { return "end of roll"; }
   };
   return std::visit(Describe{}, item);
 }
