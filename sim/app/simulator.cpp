@@ -7,21 +7,21 @@
 #include <utility>
 #include <vector>
 
+#include "app/exchange_line.h"
 #include "app/job_announcer.h"
 #include "app/paper_files.h"
 #include "app/picture_files.h"
-#include "base/printable.h"
 #include "console/input_reader.h"
 #include "console/operator_console.h"
-#include "devices/devices.h"
+#include "control/simulation.h"
+#include "exchange/exchanger.h"
+#include "exchange/service_answerer.h"
 #include "net/server.h"
 #include "protocol/service.h"
 
 namespace tolvex::sim {
 
 namespace {
-
-constexpr std::size_t kMaxLoggedBytes = 400;
 
 // Flushed line by line: whoever started the program waits for "ready" and reads along.
 void printLine(const std::string& line) { std::cout << line << std::endl; }
@@ -30,11 +30,7 @@ void say(const std::string& text) { printLine("zelkad-sim: " + text); }
 
 void warn(const std::string& text) { std::cerr << "zelkad-sim: " << text << std::endl; }
 
-void logExchange(Half half, const std::string& client, const Exchange& exchange) {
-  printLine(std::string(name(half)) + " " + client + " " +
-            printable(exchange.request, kMaxLoggedBytes) + " -> " +
-            printable(exchange.reply, kMaxLoggedBytes));
-}
+void logExchange(const Exchange& exchange) { printLine(exchangeLine(exchange)); }
 
 std::string advice(const ListenError& error) {
   const std::string otherPort =
@@ -58,16 +54,10 @@ ScaleConfig scaleConfig(const Options& options) {
   return config;
 }
 
-ServerEvents makeEvents(bool quiet) {
-  ServerEvents events;
-  if (!quiet) events.exchanged = logExchange;
-  events.troubled = warn;
-  return events;
-}
-
-void openPort(Server& server, Half half, const std::string& address, std::uint16_t port) {
+std::uint16_t openPort(Server& server, Half half, const std::string& address, std::uint16_t port) {
   const std::uint16_t opened = server.listen(half, address, port);
   say(std::string(name(half)) + " on " + address + ":" + std::to_string(opened));
+  return opened;
 }
 
 std::vector<std::string> namesOf(const Printers& printers) {
@@ -97,12 +87,18 @@ class JobKeeper {
 };
 
 void serve(const Options& options) {
-  Devices devices(scaleConfig(options), options.load);
+  Simulation simulation(scaleConfig(options), options.load);
+  Devices& devices = simulation.devices;
   Service service(devices, [](const std::string& path) { return loadPicture(path, warn); });
-  Server server(service, makeEvents(options.quiet));
+  ServiceAnswerer answerer(service);
+  Exchanger exchanger(answerer, simulation.faults, simulation.traffic, devices.printers.jobs());
+  if (!options.quiet) exchanger.observe(logExchange);
+  Server server(exchanger, {warn});
   server.stopOnSignals();
-  openPort(server, Half::Weighing, options.address, options.weighingPort);
-  openPort(server, Half::Printing, options.address, options.printingPort);
+  Ports& ports = simulation.ports;
+  ports.address = options.address;
+  ports.weighing = openPort(server, Half::Weighing, options.address, options.weighingPort);
+  ports.printing = openPort(server, Half::Printing, options.address, options.printingPort);
 
   JobKeeper keeper(options, devices.printers);
   devices.printers.jobs().listen([&keeper](const Job& job) { keeper.keep(job); });

@@ -50,42 +50,72 @@ Listener::Listener(asio::io_context& context, std::string name, const std::strin
                       "that is no IPv4 address");
   }
   error_code error;
-  const auto check = [&] {
-    if (!error) return;
-    const Failure failure = explain(error);
-    throw ListenError(name_, address, port, failure.kind, failure.cause);
-  };
   const auto ip = asio::ip::make_address_v4(address, error);
-  check();
-  acceptor_.open(tcp::v4(), error);
-  check();
-  platform::prepareToListen(static_cast<std::uintptr_t>(acceptor_.native_handle()));
-  acceptor_.bind({ip, port}, error);
-  check();
-  acceptor_.listen(asio::socket_base::max_listen_connections, error);
-  check();
-  port_ = acceptor_.local_endpoint(error).port();
-  check();
+  endpoint_ = {ip, port};
+  if (!error) error = open();
+  if (!error) endpoint_ = acceptor_.local_endpoint(error);
+  if (!error) return;
+  const Failure failure = explain(error);
+  throw ListenError(name_, address, port, failure.kind, failure.cause);
 }
 
 void Listener::accept() {
-  acceptor_.async_accept([this](error_code error, tcp::socket socket) {
-    if (error == asio::error::operation_aborted) return;
-    if (error) return recover(error.message());
+  acceptor_.async_accept([this, closings = closings_](error_code error, tcp::socket socket) {
+    if (error == asio::error::operation_aborted || closings != closings_) return;
+    if (error) {
+      return recover("cannot accept clients on the " + name_ + " port: " + error.message(),
+                     &Listener::accept);
+    }
     inTrouble_ = false;
     begin_(std::move(socket));
     accept();
   });
 }
 
-void Listener::recover(const std::string& cause) {
-  if (!inTrouble_ && troubled_) {
-    troubled_("cannot accept clients on the " + name_ + " port: " + cause + "; trying again");
+void Listener::close() {
+  if (isClosed_) return;
+  isClosed_ = true;
+  inTrouble_ = false;
+  ++closings_;
+  error_code ignored;
+  acceptor_.close(ignored);
+  pause_.cancel();
+}
+
+void Listener::reopen() {
+  if (!isClosed_) return;
+  isClosed_ = false;
+  openAgain();
+}
+
+// Leaves the acceptor closed if it fails.
+error_code Listener::open() {
+  error_code error;
+  acceptor_.open(tcp::v4(), error);
+  if (error) return error;
+  platform::prepareToListen(static_cast<std::uintptr_t>(acceptor_.native_handle()));
+  acceptor_.bind(endpoint_, error);
+  if (!error) acceptor_.listen(asio::socket_base::max_listen_connections, error);
+  error_code ignored;
+  if (error) acceptor_.close(ignored);
+  return error;
+}
+
+void Listener::openAgain() {
+  if (const error_code error = open()) {
+    return recover("cannot open the " + name_ + " port again: " + explain(error).cause,
+                   &Listener::openAgain);
   }
+  inTrouble_ = false;
+  accept();
+}
+
+void Listener::recover(const std::string& trouble, void (Listener::*retry)()) {
+  if (!inTrouble_ && troubled_) troubled_(trouble + "; trying again");
   inTrouble_ = true;
   pause_.expires_after(kPauseAfterFailure);
-  pause_.async_wait([this](error_code error) {
-    if (!error) accept();
+  pause_.async_wait([this, retry, closings = closings_](error_code error) {
+    if (!error && closings == closings_) (this->*retry)();
   });
 }
 

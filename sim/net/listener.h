@@ -26,20 +26,30 @@ class Listener {
   Listener(boost::asio::io_context& context, std::string name, const std::string& address,
            std::uint16_t port, Begin begin, Troubled troubled);
 
-  std::uint16_t port() const { return port_; }
+  std::uint16_t port() const { return endpoint_.port(); }
 
   /// Starts accepting. The listener must stay where it is until the context has stopped.
   void accept();
 
+  /// Closes the port: the system refuses clients from now on. Those who are there are not touched.
+  void close();
+  /// Opens it again and goes on accepting; while something is in the way, tries again and again.
+  void reopen();
+
  private:
-  void recover(const std::string& cause);
+  boost::system::error_code open();
+  void openAgain();
+  void recover(const std::string& trouble, void (Listener::*retry)());
 
   boost::asio::ip::tcp::acceptor acceptor_;
   boost::asio::steady_timer pause_;
   std::string name_;
   Begin begin_;
   Troubled troubled_;
-  std::uint16_t port_ = 0;
+  boost::asio::ip::tcp::endpoint endpoint_;
+  // How often the port was closed: what was waiting before that has nothing to say any more.
+  int closings_ = 0;
+  bool isClosed_ = false;
   bool inTrouble_ = false;
 };
 

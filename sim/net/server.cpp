@@ -7,8 +7,10 @@
 #include <boost/asio/steady_timer.hpp>
 #include <list>
 #include <utility>
+#include <vector>
 
 #include "net/http_session.h"
+#include "exchange/exchanger.h"
 #include "net/listener.h"
 #include "net/session.h"
 #include "net/web_host.h"
@@ -18,32 +20,66 @@ namespace tolvex::sim {
 
 namespace asio = boost::asio;
 
-// The sessions live in the context's pending operations and refer to the service and the events;
-// so those come first and go last.
-struct Server::Impl {
-  Impl(Service& servedService, ServerEvents serverEvents)
-      : service(servedService), events(std::move(serverEvents)), signals(context) {}
+namespace {
 
-  Service& service;
+struct HalfPort {
+  ServedPort& served;
+  Listener& listener;
+
+  // Opens or closes the port as the faults say now.
+  void followFaults() {
+    const FaultBoard& faults = served.exchanger.faults();
+    if (faults.refuses(served.half)) {
+      listener.close();
+    } else {
+      listener.reopen();
+    }
+    if (!faults.drops(served.half)) return;
+    for (Session* session : served.sessions) session->drop();
+  }
+};
+
+}  // namespace
+
+// The sessions live in the context's pending operations and refer to their port; so the ports come
+// first and go last.
+struct Server::Impl {
+  Impl(Exchanger& theExchanger, ServerEvents serverEvents)
+      : exchanger(theExchanger), events(std::move(serverEvents)), signals(context) {}
+
+  Exchanger& exchanger;
   ServerEvents events;
+  std::list<ServedPort> ports;
   asio::io_context context;
   asio::signal_set signals;
   std::list<Listener> listeners;
   std::shared_ptr<WebHost> web;
+  std::vector<HalfPort> halves;
+  // The board keeps its listeners for ever; this tells ours when the server is gone.
+  std::shared_ptr<Impl*> self = std::make_shared<Impl*>(this);
 };
 
-Server::Server(Service& service, ServerEvents events)
-    : impl_(std::make_unique<Impl>(service, std::move(events))) {}
+Server::Server(Exchanger& exchanger, ServerEvents events)
+    : impl_(std::make_unique<Impl>(exchanger, std::move(events))) {
+  exchanger.faults().listen([weak = std::weak_ptr<Impl*>(impl_->self)] {
+    const auto self = weak.lock();
+    if (!self) return;
+    for (HalfPort& half : (*self)->halves) half.followFaults();
+  });
+}
 
 Server::~Server() = default;
 
 std::uint16_t Server::listen(Half half, const std::string& address, std::uint16_t port) {
-  const auto begin = [this, half](asio::ip::tcp::socket socket) {
-    std::make_shared<Session>(std::move(socket), impl_->service, half, impl_->events)->start();
+  ServedPort& served = impl_->ports.emplace_back(ServedPort{half, impl_->exchanger, {}});
+  const auto begin = [&served](asio::ip::tcp::socket socket) {
+    std::make_shared<Session>(std::move(socket), served)->start();
   };
   Listener& listener = impl_->listeners.emplace_back(impl_->context, name(half), address, port,
                                                      begin, impl_->events.troubled);
   listener.accept();
+  impl_->halves.push_back({served, listener});
+  impl_->halves.back().followFaults();
   return listener.port();
 }
 

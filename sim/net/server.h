@@ -9,33 +9,32 @@
 
 #include "base/half.h"
 #include "net/listen_error.h"
-#include "protocol/conversation.h"
 
 namespace tolvex::sim {
 
-class Service;
 class WebSite;
+class Exchanger;
 
-/// What a server tells about itself while it runs. Both are called on the thread in run().
+/// What a server tells about itself while it runs, on the thread in run().
 struct ServerEvents {
-  /// A request was answered; `client` is its address and port ("127.0.0.1:40112"). Called before
-  /// the reply is sent.
-  std::function<void(Half half, const std::string& client, const Exchange& exchange)> exchanged;
   /// Something went wrong that the server gets over by itself; one line of text for the operator.
   std::function<void(const std::string& text)> troubled;
 };
 
 /// Serves the clients of both halves of a service. Everything happens on the thread that is in
-/// run(): requests, replies, events, posted functions. So the service and its devices need no
-/// locks as long as others reach them through post() only.
+/// run(): requests, replies, events, posted functions. So the exchanger, the service and its
+/// devices need no locks as long as others reach them through post() only.
 ///
 /// A connection is answered strictly in order, and nothing more is read from it while a reply is
-/// being written: a client that floods or does not read stops itself. A client that has shut down
-/// its sending side still gets all its replies.
+/// being delivered: a client that floods or does not read stops itself. A client that has shut down
+/// its sending side still gets all its replies. A reply that comes late holds up its own connection
+/// only.
+///
+/// A port that a fault refuses is closed, and opened again when the fault is switched off.
 class Server {
  public:
-  /// The service must outlive the server. Either event may be left empty.
-  Server(Service& service, ServerEvents events);
+  /// The exchanger must outlive the server. The event may be left empty.
+  Server(Exchanger& exchanger, ServerEvents events);
   ~Server();
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;

@@ -2,8 +2,7 @@
 
 #include <boost/asio/buffer.hpp>
 #include <boost/asio/write.hpp>
-#include <chrono>
-#include <string_view>
+#include <string>
 #include <utility>
 
 namespace tolvex::sim {
@@ -25,20 +24,29 @@ std::string describe(const tcp::endpoint& endpoint) {
   return endpoint.address().to_string() + ":" + std::to_string(endpoint.port());
 }
 
+bool isNothing(const Delivery& delivery) {
+  return delivery.delay.count() == 0 && delivery.reply.empty() && delivery.after == After::Keep;
+}
+
 }  // namespace
 
-Session::Session(tcp::socket socket, Service& service, Half half, const ServerEvents& events)
-    : socket_(std::move(socket)),
-      deadline_(socket_.get_executor()),
-      conversation_(service, half),
-      half_(half),
-      events_(events) {}
+Session::Session(tcp::socket socket, ServedPort& port)
+    : socket_(std::move(socket)), timer_(socket_.get_executor()), port_(port) {
+  port_.sessions.insert(this);
+}
+
+Session::~Session() {
+  port_.sessions.erase(this);
+  if (isCounted_) port_.exchanger.traffic().disconnected(port_.half);
+}
 
 void Session::start() {
   error_code error;
   const tcp::endpoint remote = socket_.remote_endpoint(error);
   if (error) return;
-  client_ = describe(remote);
+  caller_ = {port_.half, 0, describe(remote)};
+  caller_.connection = port_.exchanger.traffic().connected(port_.half, caller_.client);
+  isCounted_ = true;
   // Replies go out at once, each as a segment of its own: a client reads its reply with a single
   // receive. Keep-alive finds the clients that vanished without a word. All of this is mere advice
   // to the system, so errors do not matter.
@@ -48,39 +56,83 @@ void Session::start() {
   read();
 }
 
+// The pending operation ends with an error then, and the session with it.
+void Session::drop() {
+  error_code ignored;
+  socket_.close(ignored);
+  timer_.cancel();
+}
+
 void Session::read() {
   socket_.async_read_some(asio::buffer(received_),
                           [self = shared_from_this()](error_code error, std::size_t count) {
                             if (error) return;  // the client left, in one way or another
-                            self->conversation_.receive({self->received_.data(), count});
+                            self->splitter_.feed({self->received_.data(), count});
                             self->answerNext();
                           });
 }
 
 void Session::answerNext() {
-  auto exchange = conversation_.next(Clock::now());
-  if (!exchange) return read();
-  if (events_.exchanged) events_.exchanged(half_, client_, *exchange);
-  reply_ = std::move(exchange->reply);
-  write(exchange->last);
+  while (const auto piece = splitter_.next()) {
+    delivery_ =
+        port_.exchanger.exchange(caller_, *piece, Clock::now(), std::chrono::system_clock::now());
+    if (!isNothing(delivery_)) return wait(delivery_.delay, &Session::send);
+    port_.exchanger.delivered(delivery_, Clock::now());
+  }
+  read();
 }
 
-void Session::write(bool last) {
-  asio::async_write(socket_, asio::buffer(reply_),
-                    [self = shared_from_this(), last](error_code error, std::size_t) {
-                      if (error) return;
-                      if (last) return self->finish();
-                      self->answerNext();
+void Session::wait(std::chrono::milliseconds time, Step next) {
+  if (time.count() == 0) return (this->*next)();
+  timer_.expires_after(time);
+  timer_.async_wait([self = shared_from_this(), next](error_code error) {
+    if (error) return self->lose();
+    (*self.*next)();
+  });
+}
+
+void Session::send() {
+  if (delivery_.reply.empty()) return conclude();
+  if (delivery_.firstPiece == 0) return write(0, delivery_.reply.size(), &Session::conclude);
+  write(0, delivery_.firstPiece, &Session::pauseBetweenPieces);
+}
+
+void Session::pauseBetweenPieces() { wait(delivery_.pause, &Session::sendRest); }
+
+void Session::sendRest() {
+  write(delivery_.firstPiece, delivery_.reply.size(), &Session::conclude);
+}
+
+void Session::write(std::size_t from, std::size_t to, Step next) {
+  asio::async_write(socket_, asio::buffer(delivery_.reply.data() + from, to - from),
+                    [self = shared_from_this(), next](error_code error, std::size_t) {
+                      if (error) return self->lose();
+                      (*self.*next)();
                     });
 }
+
+void Session::conclude() {
+  port_.exchanger.delivered(delivery_, Clock::now());
+  delivery_.reply = {};
+  switch (delivery_.after) {
+    case After::Keep:
+      return answerNext();
+    case After::Close:
+      return finish();
+    case After::Reset:
+      return reset();
+  }
+}
+
+void Session::lose() { port_.exchanger.lost(delivery_, Clock::now()); }
 
 // Closing a socket with unread bytes resets the connection, and the reset may overtake the last
 // reply. So the rest of what the client sends is read away first, for a limited time.
 void Session::finish() {
   error_code error;
   socket_.shutdown(tcp::socket::shutdown_send, error);
-  deadline_.expires_after(kFarewell);
-  deadline_.async_wait([self = shared_from_this()](error_code timerError) {
+  timer_.expires_after(kFarewell);
+  timer_.async_wait([self = shared_from_this()](error_code timerError) {
     error_code ignored;
     if (!timerError) self->socket_.close(ignored);
   });
@@ -91,8 +143,15 @@ void Session::drain() {
   socket_.async_read_some(asio::buffer(received_),
                           [self = shared_from_this()](error_code error, std::size_t) {
                             if (!error) return self->drain();
-                            self->deadline_.cancel();
+                            self->timer_.cancel();
                           });
+}
+
+// A socket that does not linger throws away what is unsent and tells the client so.
+void Session::reset() {
+  error_code ignored;
+  socket_.set_option(asio::socket_base::linger(true, 0), ignored);
+  socket_.close(ignored);
 }
 
 }  // namespace tolvex::sim

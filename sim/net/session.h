@@ -4,38 +4,54 @@
 #include <array>
 #include <boost/asio/ip/tcp.hpp>
 #include <boost/asio/steady_timer.hpp>
+#include <chrono>
 #include <cstddef>
 #include <memory>
-#include <string>
 
-#include "net/server.h"
+#include "exchange/exchanger.h"
+#include "net/served_port.h"
+#include "protocol/json_splitter.h"
 
 namespace tolvex::sim {
 
-/// Reads requests and writes replies, one at a time. It keeps itself alive through its pending
-/// operation and ends when the client does. The service and the events must outlive it.
+/// Reads requests and delivers replies, one at a time. It keeps itself alive through its pending
+/// operation and ends when the client does, or a fault wants it. The port must outlive it.
 class Session : public std::enable_shared_from_this<Session> {
  public:
-  Session(boost::asio::ip::tcp::socket socket, Service& service, Half half,
-          const ServerEvents& events);
+  Session(boost::asio::ip::tcp::socket socket, ServedPort& port);
+  ~Session();
+  Session(const Session&) = delete;
+  Session& operator=(const Session&) = delete;
 
   void start();
 
+  /// Closes the connection at once, whatever is under way.
+  void drop();
+
  private:
+  using Step = void (Session::*)();
+
   void read();
   void answerNext();
-  void write(bool last);
+  void wait(std::chrono::milliseconds time, Step next);
+  void send();
+  void pauseBetweenPieces();
+  void sendRest();
+  void write(std::size_t from, std::size_t to, Step next);
+  void conclude();
+  void lose();
   void finish();
   void drain();
+  void reset();
 
   boost::asio::ip::tcp::socket socket_;
-  boost::asio::steady_timer deadline_;
-  Conversation conversation_;
-  Half half_;
-  const ServerEvents& events_;
-  std::string client_;
+  boost::asio::steady_timer timer_;
+  ServedPort& port_;
+  Caller caller_;
+  bool isCounted_ = false;
+  JsonSplitter splitter_;
   std::array<char, 4096> received_{};
-  std::string reply_;
+  Delivery delivery_;
 };
 
 }  // namespace tolvex::sim

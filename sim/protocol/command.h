@@ -40,4 +40,7 @@ using CommandTable = std::vector<Command>;
 const CommandTable& weighingCommands();
 const CommandTable& printingCommands();
 
+/// The command with this name that the port of `half` has, null if it has none.
+const Command* findCommand(Half half, std::string_view name);
+
 }  // namespace tolvex::sim

@@ -6,15 +6,12 @@
 
 namespace tolvex::sim {
 
-namespace {
-
-const Command* findCommand(const CommandTable& table, std::string_view name) {
+const Command* findCommand(Half half, std::string_view name) {
+  const CommandTable& table = half == Half::Weighing ? weighingCommands() : printingCommands();
   const auto found = std::find_if(table.begin(), table.end(),
                                   [name](const Command& command) { return command.name == name; });
   return found == table.end() ? nullptr : &*found;
 }
-
-}  // namespace
 
 Reply Service::answer(Half half, std::string_view request, TimePoint now) {
   const bool weighing = half == Half::Weighing;
@@ -22,7 +19,7 @@ Reply Service::answer(Half half, std::string_view request, TimePoint now) {
   if (!parsed) return ResultCode::JsonErr;
   const std::string* name = parsed->find("cmd");
   if (name == nullptr) return ResultCode::MissParam;
-  const Command* command = findCommand(weighing ? weighingCommands() : printingCommands(), *name);
+  const Command* command = findCommand(half, *name);
   if (command == nullptr) {
     return weighing ? ResultCode::UnsupportWeightCmd : ResultCode::UnsupportPrintCmd;
   }

@@ -50,8 +50,8 @@ struct TrafficEntry {
   std::string command;
   /// Whether this port has such a command.
   bool known = false;
-  /// The result code that the service answered with, before faults changed the reply. Without one
-  /// if the request was not carried out.
+  /// The result code that the service answered with or a fault had it refuse with, before other
+  /// faults changed the reply. None if a fault kept it from being asked.
   std::optional<std::int64_t> result;
   /// Number of the job that the request began or changed, 0 if none.
   int job = 0;

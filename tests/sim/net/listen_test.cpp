@@ -5,6 +5,8 @@
 #include <thread>
 
 #include "devices/devices.h"
+#include "exchange/exchanger.h"
+#include "exchange/service_answerer.h"
 #include "net/server.h"
 #include "protocol/service.h"
 #include "test_client.h"
@@ -17,7 +19,7 @@ constexpr char kCheck[] = R"({"cmd":"checkConnection"})";
 class ListenTest : public ::testing::Test {
  protected:
   ListenError refusalOf(const std::string& address, std::uint16_t port) {
-    Server server(service_, {});
+    Server server(exchanger_, {});
     try {
       server.listen(Half::Printing, address, port);
     } catch (const ListenError& error) {
@@ -28,10 +30,14 @@ class ListenTest : public ::testing::Test {
 
   Devices devices_;
   Service service_{devices_};
+  ServiceAnswerer answerer_{service_};
+  FaultBoard faults_;
+  TrafficLog traffic_;
+  Exchanger exchanger_{answerer_, faults_, traffic_, devices_.printers.jobs()};
 };
 
 TEST_F(ListenTest, APortOfAnotherServerIsRefused) {
-  Server first(service_, {});
+  Server first(exchanger_, {});
   const std::uint16_t port = first.listen(Half::Weighing, "127.0.0.1", 0);
   const ListenError error = refusalOf("127.0.0.1", port);
   EXPECT_EQ(error.failure(), ListenFailure::InUse);
@@ -41,13 +47,13 @@ TEST_F(ListenTest, APortOfAnotherServerIsRefused) {
 }
 
 TEST_F(ListenTest, ThePortOfAServerOnAllAddressesIsRefused) {
-  Server first(service_, {});
+  Server first(exchanger_, {});
   const std::uint16_t port = first.listen(Half::Weighing, "0.0.0.0", 0);
   EXPECT_NE(refusalOf("127.0.0.1", port).failure(), ListenFailure::NoSuchAddress);
 }
 
 TEST_F(ListenTest, TheSamePortOnAnotherAddressIsFree) {
-  Server first(service_, {});
+  Server first(exchanger_, {});
   const std::uint16_t port = first.listen(Half::Weighing, "127.0.0.1", 0);
   EXPECT_EQ(first.listen(Half::Printing, "127.0.0.2", port), port);
 }
@@ -68,7 +74,7 @@ TEST_F(ListenTest, ATextThatIsNoAddressIsRefused) {
 
 // The connection of the first server is left behind in the system's wait for late segments.
 TEST_F(ListenTest, APortIsFreeAgainRightAfterAServerWithClients) {
-  std::optional<Server> server(std::in_place, service_, ServerEvents());
+  std::optional<Server> server(std::in_place, exchanger_, ServerEvents());
   const std::uint16_t port = server->listen(Half::Weighing, "127.0.0.1", 0);
   std::thread thread([&server] { server->run(); });
   TestClient client(port);
@@ -77,7 +83,7 @@ TEST_F(ListenTest, APortIsFreeAgainRightAfterAServerWithClients) {
   thread.join();
   server.reset();
   EXPECT_EQ(client.receiveAll(), "");
-  server.emplace(service_, ServerEvents());
+  server.emplace(exchanger_, ServerEvents());
   EXPECT_EQ(server->listen(Half::Weighing, "127.0.0.1", port), port);
 }
 

@@ -10,6 +10,8 @@
 #include <vector>
 
 #include "devices/devices.h"
+#include "exchange/exchanger.h"
+#include "exchange/service_answerer.h"
 #include "net/server.h"
 #include "protocol/service.h"
 
@@ -38,19 +40,16 @@ class ServerFixture : public ::testing::Test {
 
   Devices devices_;
   Service service_{devices_};
+  ServiceAnswerer answerer_{service_};
+  FaultBoard faults_;
+  TrafficLog traffic_;
+  Exchanger exchanger_{answerer_, faults_, traffic_, devices_.printers.jobs()};
   /// Written by the server's thread; to be read through onServer().
-  std::vector<std::string> exchanges_;
   std::promise<std::string> firstTrouble_;
   int troubles_ = 0;
-  Server server_{service_,
-                 {[this](Half half, const std::string& client, const Exchange& exchange) {
-                    const std::string host = client.substr(0, client.find(':'));
-                    exchanges_.push_back(std::string(name(half)) + " " + host + " " +
-                                         exchange.request + " -> " + exchange.reply);
-                  },
-                  [this](const std::string& text) {
-                    if (++troubles_ == 1) firstTrouble_.set_value(text);
-                  }}};
+  Server server_{exchanger_, {[this](const std::string& text) {
+                   if (++troubles_ == 1) firstTrouble_.set_value(text);
+                 }}};
   std::uint16_t weighingPort_;
   std::uint16_t printingPort_;
   std::thread thread_;

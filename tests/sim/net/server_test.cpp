@@ -135,14 +135,23 @@ TEST_F(ServerTest, ReportsEveryExchange) {
   TestClient printing(printingPort_);
   weighing.ask(kCheck);
   printing.ask("junk");
+  const auto exchanges = [this] {
+    std::vector<std::string> texts;
+    for (const TrafficEntry& entry : traffic_.entries()) {
+      texts.push_back(std::string(name(entry.half)) + " " +
+                      entry.client.substr(0, entry.client.find(':')) + " " + entry.request +
+                      " -> " + entry.reply);
+    }
+    return texts;
+  };
   EXPECT_EQ(
-      onServer([this] { return exchanges_; }),
+      onServer(exchanges),
       (std::vector<std::string>{R"(weighing 127.0.0.1 {"cmd":"checkConnection"} -> {"result":"0"})",
                                 R"(printing 127.0.0.1 junk -> {"result":"7"})"}));
 }
 
 TEST_F(ServerTest, ClosesItsConnectionsWhenItGoes) {
-  auto second = std::make_unique<Server>(service_, ServerEvents());
+  auto second = std::make_unique<Server>(exchanger_, ServerEvents());
   const std::uint16_t port = second->listen(Half::Weighing, "127.0.0.1", 0);
   std::thread thread([&second] { second->run(); });
   TestClient client(port);
@@ -170,7 +179,7 @@ TEST_F(ServerTest, CallsAFunctionLater) {
 
 TEST_F(ServerTest, DropsWhatIsStillToBeCalledWhenItGoes) {
   const auto witness = std::make_shared<int>(0);
-  auto second = std::make_unique<Server>(service_, ServerEvents());
+  auto second = std::make_unique<Server>(exchanger_, ServerEvents());
   second->after(std::chrono::hours(1), [witness] { ++*witness; });
   EXPECT_EQ(witness.use_count(), 2);
   second.reset();
