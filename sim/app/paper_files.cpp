@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <utility>
 
-#include "app/job_file_name.h"
+#include "devices/job_file_name.h"
 #include "app/unfinished_file.h"
 #include "paper/render.h"
 

@@ -11,11 +11,15 @@
 #include "app/job_announcer.h"
 #include "app/paper_files.h"
 #include "app/picture_files.h"
+#include "base/embedded_file.h"
 #include "console/input_reader.h"
 #include "console/operator_console.h"
+#include "control/api.h"
 #include "control/simulation.h"
 #include "exchange/exchanger.h"
 #include "exchange/service_answerer.h"
+#include "net/http_access.h"
+#include "net/page_site.h"
 #include "net/server.h"
 #include "protocol/service.h"
 
@@ -86,8 +90,41 @@ class JobKeeper {
   bool quiet_;
 };
 
+// What a reset brings back.
+void restore(Simulation& simulation, const Options& options) {
+  simulation.devices.restore(scaleConfig(options), options.load);
+  simulation.faults.clear();
+  simulation.traffic.restart();
+}
+
+// What the API tells and asks the world.
+Api::World worldOf(Server& server) {
+  Api::World world;
+  world.after = [&server](std::chrono::milliseconds delay, std::function<void()> function) {
+    server.after(delay, std::move(function));
+  };
+  const EmbeddedFile* openApi = findEmbeddedFile("control/openapi.json");
+  if (openApi != nullptr) world.openApi = openApi->bytes;
+  return world;
+}
+
+void openPage(Server& server, const Options& options, WebSite& site, Ports& ports) {
+  if (!options.web) return;
+  ports.webAddress = options.webAddress;
+  ports.web = server.serveWeb(options.webAddress, options.webPort, site);
+  say("page on " + pageAddress({ports.webAddress, ports.web}));
+}
+
+// Viewers learn at once of what clients and the operator do.
+void wakeFeedsOnChange(Server& server, Simulation& simulation) {
+  simulation.devices.printers.jobs().listen([&server](const Job&) { server.wakeFeeds(); });
+  simulation.traffic.listen([&server](const TrafficEntry&) { server.wakeFeeds(); });
+  simulation.faults.listen([&server] { server.wakeFeeds(); });
+}
+
 void serve(const Options& options) {
   Simulation simulation(scaleConfig(options), options.load);
+  simulation.restore = [&](TimePoint) { restore(simulation, options); };
   Devices& devices = simulation.devices;
   Service service(devices, [](const std::string& path) { return loadPicture(path, warn); });
   ServiceAnswerer answerer(service);
@@ -99,9 +136,13 @@ void serve(const Options& options) {
   ports.address = options.address;
   ports.weighing = openPort(server, Half::Weighing, options.address, options.weighingPort);
   ports.printing = openPort(server, Half::Printing, options.address, options.printingPort);
+  Api api(simulation, worldOf(server));
+  PageSite site(embeddedFiles(), api);
+  openPage(server, options, site, ports);
 
   JobKeeper keeper(options, devices.printers);
   devices.printers.jobs().listen([&keeper](const Job& job) { keeper.keep(job); });
+  wakeFeedsOnChange(server, simulation);
   OperatorConsole console(devices, [&server] { server.stop(); });
   std::unique_ptr<InputReader> reader;
   if (options.console) {

@@ -38,6 +38,12 @@ struct Simulation {
   std::function<void(TimePoint now)> restore;
   /// How often it was restored. Who keeps numbers of jobs or exchanges forgets them when it changes.
   std::uint64_t epoch = 0;
+
+  /// Restores everything, and counts that.
+  void reset(TimePoint now) {
+    ++epoch;
+    if (restore) restore(now);
+  }
 };
 
 }  // namespace tolvex::sim

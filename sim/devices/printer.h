@@ -53,6 +53,8 @@ class Printer {
   int type() const { return model_.type; }
   const std::string& name() const { return model_.name; }
   bool hasLabels() const { return model_.format.hasLabels(); }
+  /// Its paper as delivered.
+  const PaperFormat& format() const { return model_.format; }
 
   /// Makes or mends a fault. Mending OutOfPaper loads an endless roll if the roll is at its end.
   void setFault(PrinterFault fault, bool on);

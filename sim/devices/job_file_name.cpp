@@ -1,4 +1,4 @@
-#include "app/job_file_name.h"
+#include "devices/job_file_name.h"
 
 #include <algorithm>
 #include <iomanip>

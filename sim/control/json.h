@@ -1,0 +1,29 @@
+// JSON as it comes in and goes out.
+#pragma once
+
+#include <nlohmann/json_fwd.hpp>
+#include <string>
+#include <string_view>
+
+namespace tolvex::sim {
+
+/// Members stay in the order in which they were added, as people read them.
+using Json = nlohmann::ordered_json;
+
+/// Reads a body or a file. Throws ControlError with the place of what is no JSON, of a member that
+/// occurs twice, and for more than kMaxJsonValues values or kMaxJsonDepth levels.
+Json parseJson(std::string_view text);
+
+constexpr int kMaxJsonValues = 5000;
+constexpr int kMaxJsonDepth = 20;
+
+/// In one line without a line end. Bytes that are not UTF-8 become U+FFFD.
+std::string textOf(const Json& json);
+
+/// A value in an error message: in full when it is short, else what it is ("a list").
+std::string shown(const Json& value);
+
+/// A number without a fraction where it has none: 40 rather than 40.0.
+Json plainNumber(double value);
+
+}  // namespace tolvex::sim
