@@ -16,6 +16,10 @@ namespace {
 
 constexpr double kLongestSettlingSeconds = 60;
 
+// Where the other ports are, counted from the weighing port.
+constexpr int kPrintingOffset = 1;
+constexpr int kWebOffset = 16;
+
 constexpr char kDescription[] =
     "A stand-in for the local service zelkad: a scale that programs weigh on and that you load, "
     "and "
@@ -29,10 +33,14 @@ constexpr char kExamples[] =
     "  zelkad-sim --paper-dir paper          each printed job becomes a picture and a text there\n"
     "  zelkad-sim --settling 0 --quiet       for automatic tests: every weight is stable at once\n"
     "  zelkad-sim --address 127.0.0.2        a second one beside the first\n"
-    "  zelkad-sim --weighing-port 0 --printing-port 0   any free ports, printed at the start\n";
+    "  zelkad-sim --port 0                   any free ports, printed at the start\n"
+    "  zelkad-sim --no-web                   without the page\n";
 
 // Texts as they were given, before they are understood.
 struct Raw {
+  std::optional<int> port;
+  std::string webAddress;
+  bool noWeb = false;
   std::string load;
   std::string settling;
 };
@@ -57,21 +65,41 @@ std::string checkPaperDir(const std::string& text) {
   return text.empty() ? "the name of the folder is empty" : "";
 }
 
+// The checks explain themselves in their messages, and need no name of their own in the help.
+CLI::Validator anyPort() { return CLI::Range(0, 65535).description(""); }
+
+void addWebOptions(CLI::App& app, Options& options, Raw& raw) {
+  app.add_option("--web-port", options.webPort, "Port of the page; 0 takes a free one")
+      ->type_name("PORT")
+      ->check(anyPort())
+      ->capture_default_str();
+  app.add_option("--web-address", raw.webAddress,
+                 "IPv4 address of the page, default --address if that is of this machine alone "
+                 "(127...), else 127.0.0.1; whoever reaches it can operate the simulator")
+      ->type_name("ADDRESS")
+      ->check(CLI::Validator(checkAddress, ""));
+  app.add_flag("--no-web", raw.noWeb, "Without the page");
+}
+
 void addOptions(CLI::App& app, Options& options, Raw& raw) {
-  // The checks explain themselves in their messages, and need no name of their own in the help.
-  const CLI::Validator anyPort = CLI::Range(0, 65535).description("");
   app.add_option("--address", options.address, "IPv4 address to listen on")
       ->type_name("ADDRESS")
       ->check(CLI::Validator(checkAddress, ""))
       ->capture_default_str();
   app.add_option("--weighing-port", options.weighingPort, "Port for weighing; 0 takes a free one")
       ->type_name("PORT")
-      ->check(anyPort)
+      ->check(anyPort())
       ->capture_default_str();
   app.add_option("--printing-port", options.printingPort, "Port for printing; 0 takes a free one")
       ->type_name("PORT")
-      ->check(anyPort)
+      ->check(anyPort())
       ->capture_default_str();
+  app.add_option("--port", raw.port,
+                 "Ports all at once: PORT for weighing, PORT + 1 for printing, PORT + 16 for the "
+                 "page; 0 takes free ones")
+      ->type_name("PORT")
+      ->check(CLI::Range(0, 65535 - kWebOffset).description(""));
+  addWebOptions(app, options, raw);
   app.add_option("--load", raw.load, "What lies on the scale at the start, default 0")
       ->type_name("KG")
       ->check(CLI::Validator(checkLoad, ""));
@@ -90,12 +118,49 @@ void addOptions(CLI::App& app, Options& options, Raw& raw) {
   app.footer(kExamples);
 }
 
-void interpret(Options& options, const Raw& raw) {
+// What is given for one port alone counts more than what --port says.
+void placePorts(const CLI::App& app, Options& options, const Raw& raw) {
+  if (!raw.port) return;
+  const auto place = [&](const char* name, std::uint16_t& port, int offset) {
+    if (app.count(name) > 0) return;
+    port = static_cast<std::uint16_t>(*raw.port == 0 ? 0 : *raw.port + offset);
+  };
+  place("--weighing-port", options.weighingPort, 0);
+  place("--printing-port", options.printingPort, kPrintingOffset);
+  place("--web-port", options.webPort, kWebOffset);
+}
+
+void checkPorts(const Options& options) {
+  const auto differ = [](std::uint16_t a, std::uint16_t b, const char* names) {
+    if (a == b && a != 0) throw CLI::ValidationError(names, "must differ");
+  };
+  differ(options.weighingPort, options.printingPort, "--weighing-port and --printing-port");
+  if (!options.web) return;
+  differ(options.weighingPort, options.webPort, "--weighing-port and --web-port");
+  differ(options.printingPort, options.webPort, "--printing-port and --web-port");
+}
+
+void checkNoWeb(const CLI::App& app, const Raw& raw) {
+  for (const std::string name : {"--web-port", "--web-address"}) {
+    if (!raw.noWeb || app.count(name) == 0) continue;
+    throw CLI::ValidationError("--no-web and " + name, "exclude each other");
+  }
+}
+
+// The page is for this machine, unless an address is asked for.
+std::string webAddress(const Options& options, const Raw& raw) {
+  if (!raw.webAddress.empty()) return raw.webAddress;
+  return options.address.rfind("127.", 0) == 0 ? options.address : "127.0.0.1";
+}
+
+void interpret(const CLI::App& app, Options& options, const Raw& raw) {
   if (!raw.load.empty()) options.load = parseKilograms(raw.load).value();
   if (!raw.settling.empty()) options.settling = Seconds(parseDecimal(raw.settling).value());
-  if (options.weighingPort == options.printingPort && options.weighingPort != 0) {
-    throw CLI::ValidationError("--weighing-port and --printing-port", "must differ");
-  }
+  options.web = !raw.noWeb;
+  checkNoWeb(app, raw);
+  placePorts(app, options, raw);
+  checkPorts(options);
+  options.webAddress = webAddress(options, raw);
 }
 
 // In the form of all the program's messages.
@@ -114,7 +179,7 @@ std::optional<Options> parseOptions(std::vector<std::string> arguments, int& exi
   try {
     std::reverse(arguments.begin(), arguments.end());  // the parser takes them from the back
     app.parse(std::move(arguments));
-    interpret(options, raw);
+    interpret(app, options, raw);
   } catch (const CLI::ParseError& error) {
     exitCode = app.exit(error) == 0 ? 0 : kUsageError;
     return std::nullopt;

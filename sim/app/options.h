@@ -15,6 +15,9 @@ struct Options {
   std::string address = "127.0.0.1";
   std::uint16_t weighingPort = 53264;  // 0: any free one
   std::uint16_t printingPort = 53265;  // 0: any free one
+  bool web = true;                     // the page and its API
+  std::string webAddress = "127.0.0.1";
+  std::uint16_t webPort = 53280;  // 0: any free one
   Milligrams load = 0;
   Seconds settling{1};
   std::string paperDir;  // UTF-8; empty: jobs are not kept as files

@@ -1,5 +1,6 @@
 #include "app/simulator.h"
 
+#include <functional>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -36,7 +37,16 @@ void warn(const std::string& text) { std::cerr << "zelkad-sim: " << text << std:
 
 void logExchange(const Exchange& exchange) { printLine(exchangeLine(exchange)); }
 
+std::string webAdvice(const ListenError& error) {
+  const std::string without = ", or do without the page with --no-web.";
+  if (error.failure() == ListenFailure::NoSuchAddress) {
+    return ". Choose an address of this machine with --web-address" + without;
+  }
+  return ". Is another zelkad-sim running? Stop it, choose another port with --web-port" + without;
+}
+
 std::string advice(const ListenError& error) {
+  if (error.portName() == "web") return webAdvice(error);
   const std::string otherPort =
       "choose another port with --" + error.portName() + "-port or another address with --address";
   switch (error.failure()) {
@@ -97,11 +107,11 @@ void restore(Simulation& simulation, const Options& options) {
   simulation.traffic.restart();
 }
 
-// What the API tells and asks the world.
-Api::World worldOf(Server& server) {
+// What the API needs of the world. The server may be made later, before it serves.
+Api::World worldOf(Server*& server) {
   Api::World world;
   world.after = [&server](std::chrono::milliseconds delay, std::function<void()> function) {
-    server.after(delay, std::move(function));
+    server->after(delay, std::move(function));
   };
   const EmbeddedFile* openApi = findEmbeddedFile("control/openapi.json");
   if (openApi != nullptr) world.openApi = openApi->bytes;
@@ -130,14 +140,16 @@ void serve(const Options& options) {
   ServiceAnswerer answerer(service);
   Exchanger exchanger(answerer, simulation.faults, simulation.traffic, devices.printers.jobs());
   if (!options.quiet) exchanger.observe(logExchange);
+  Server* served = nullptr;
+  Api api(simulation, worldOf(served));
+  PageSite site(embeddedFiles(), api);
   Server server(exchanger, {warn});
+  served = &server;
   server.stopOnSignals();
   Ports& ports = simulation.ports;
   ports.address = options.address;
   ports.weighing = openPort(server, Half::Weighing, options.address, options.weighingPort);
   ports.printing = openPort(server, Half::Printing, options.address, options.printingPort);
-  Api api(simulation, worldOf(server));
-  PageSite site(embeddedFiles(), api);
   openPage(server, options, site, ports);
 
   JobKeeper keeper(options, devices.printers);

@@ -16,7 +16,7 @@ fail() {
 }
 
 # Starts the program with its standard input and output on pipes: sets pid, and the descriptors
-# `input` and `output`, and waits until it is ready: sets weighing and printing to the ports.
+# `input` and `output`, and waits until it is ready: sets weighing, printing and web to the ports.
 start() {
   mkfifo "$dir/in.$#" "$dir/out.$#"
   "${program[@]}" "$@" <"$dir/in.$#" >"$dir/out.$#" 2>>"$dir/err.log" &
@@ -28,6 +28,10 @@ start() {
   weighing=${BASH_REMATCH[1]}
   expect_line '^zelkad-sim: printing on 127\.0\.0\.1:([0-9]+)$'
   printing=${BASH_REMATCH[1]}
+  if [[ " $* " != *" --no-web "* ]]; then
+    expect_line '^zelkad-sim: page on http://127\.0\.0\.1:([0-9]+)/$'
+    web=${BASH_REMATCH[1]}
+  fi
   expect_line '^zelkad-sim: ready$'
 }
 
@@ -68,7 +72,17 @@ expect_ok() {
   exec {connection}>&-
 }
 
-any_ports=(--weighing-port 0 --printing-port 0)
+# A page of the port, whose answer has to begin with the status.
+expect_page() {
+  local connection line
+  exec {connection}<>"/dev/tcp/127.0.0.1/$1" || fail "cannot connect to port $1"
+  printf 'GET %s HTTP/1.1\r\nHost: 127.0.0.1:%s\r\nConnection: close\r\n\r\n' "$2" "$1" >&"$connection"
+  IFS= read -r -t 60 line <&"$connection"
+  exec {connection}>&-
+  [ "${line%$'\r'}" = "HTTP/1.1 $3" ] || fail "answer \"$line\" instead of $3 for $2"
+}
+
+any_ports=(--port 0)
 check='{"cmd":"checkConnection"}'
 ok='{"result":"0"}'
 
@@ -196,7 +210,7 @@ device. Jobs are printed all the same, but not kept. Make room there, or choose 
     ;;
   port_taken)
     start "${any_ports[@]}"
-    "${program[@]}" --weighing-port 0 --printing-port "$printing" </dev/null >"$dir/out.log" \
+    "${program[@]}" --port 0 --printing-port "$printing" </dev/null >"$dir/out.log" \
       2>"$dir/refusal.log"
     status=$?
     [ "$status" -eq 1 ] || fail "exit status $status instead of 1"
@@ -205,6 +219,25 @@ device. Jobs are printed all the same, but not kept. Make room there, or choose 
 has this port. Is another zelkad or zelkad-sim running? Stop it, or choose another port with \
 --printing-port or another address with --address." ] || fail "wrong message"
     expect_reply "$weighing" "$check" "$ok"
+    ;;
+  page)
+    start "${any_ports[@]}"
+    expect_page "$web" /nothing '404 Not Found'
+    ;;
+  no_page)
+    start "${any_ports[@]}" --no-web
+    expect_reply "$weighing" "$check" "$ok"
+    ;;
+  page_port_taken)
+    start "${any_ports[@]}"
+    "${program[@]}" --port 0 --web-port "$web" </dev/null >"$dir/out.log" 2>"$dir/refusal.log"
+    status=$?
+    [ "$status" -eq 1 ] || fail "exit status $status instead of 1"
+    refusal=$(tr -d '\r' <"$dir/refusal.log")
+    [ "$refusal" = "zelkad-sim: cannot listen on 127.0.0.1:$web (web): another program has this \
+port. Is another zelkad-sim running? Stop it, choose another port with --web-port, or do without the \
+page with --no-web." ] || fail "wrong message"
+    expect_page "$web" /nothing '404 Not Found'
     ;;
   usage_error)
     "${program[@]}" --load heavy </dev/null >"$dir/out.log" 2>"$dir/refusal.log"

@@ -38,6 +38,9 @@ TEST(SimOptions, HaveDefaults) {
   EXPECT_EQ(options->address, "127.0.0.1");
   EXPECT_EQ(options->weighingPort, 53264);
   EXPECT_EQ(options->printingPort, 53265);
+  EXPECT_TRUE(options->web);
+  EXPECT_EQ(options->webAddress, "127.0.0.1");
+  EXPECT_EQ(options->webPort, 53280);
   EXPECT_EQ(options->load, 0);
   EXPECT_EQ(options->settling, Seconds(1));
   EXPECT_FALSE(options->console);
@@ -61,8 +64,37 @@ TEST(SimOptions, AreTakenOver) {
   EXPECT_EQ(options->paperDir, "Bons/Käse");
 }
 
-TEST(SimOptions, BothPortsMayBeAnyFreeOne) {
-  EXPECT_TRUE(parse({"--weighing-port", "0", "--printing-port", "0"}).options);
+// "WEIGHING PRINTING WEB", the latter "ADDRESS:PORT" or "no".
+std::string portsOf(std::vector<std::string> arguments) {
+  const auto options = parse(std::move(arguments)).options;
+  if (!options) return "refused";
+  const std::string web =
+      options->web ? options->webAddress + ":" + std::to_string(options->webPort) : "no";
+  return std::to_string(options->weighingPort) + " " + std::to_string(options->printingPort) + " " +
+         web;
+}
+
+TEST(SimOptions, AllPortsMayBeAnyFreeOne) {
+  EXPECT_EQ(portsOf({"--weighing-port", "0", "--printing-port", "0", "--web-port", "0"}),
+            "0 0 127.0.0.1:0");
+}
+
+TEST(SimOptions, OnePortPlacesAll) {
+  EXPECT_EQ(portsOf({"--port", "0"}), "0 0 127.0.0.1:0");
+  EXPECT_EQ(portsOf({"--port", "6000"}), "6000 6001 127.0.0.1:6016");
+  EXPECT_EQ(portsOf({"--port", "65519"}), "65519 65520 127.0.0.1:65535");
+  EXPECT_EQ(portsOf({"--web-port", "0", "--port", "6000", "--printing-port", "7"}),
+            "6000 7 127.0.0.1:0");
+  EXPECT_EQ(portsOf({"--port", "6000", "--no-web"}), "6000 6001 no");
+}
+
+TEST(SimOptions, ThePageIsForThisMachineUnlessAskedOtherwise) {
+  EXPECT_EQ(portsOf({"--address", "127.0.0.9"}), "53264 53265 127.0.0.9:53280");
+  EXPECT_EQ(portsOf({"--address", "0.0.0.0"}), "53264 53265 127.0.0.1:53280");
+  EXPECT_EQ(portsOf({"--address", "12.7.0.1"}), "53264 53265 127.0.0.1:53280");
+  EXPECT_EQ(portsOf({"--address", "127.0.0.9", "--web-address", "0.0.0.0", "--web-port", "80"}),
+            "53264 53265 0.0.0.0:80");
+  EXPECT_EQ(portsOf({"--no-web"}), "53264 53265 no");
 }
 
 TEST(SimOptions, WrongValuesAreRefusedByName) {
@@ -84,6 +116,23 @@ TEST(SimOptions, WrongValuesAreRefusedByName) {
             "zelkad-sim: --weighing-port and --printing-port: must differ");
 }
 
+TEST(SimOptions, WrongOnesForThePageAreRefusedByName) {
+  EXPECT_EQ(refusalOf({"--web-address", "::1"}),
+            "zelkad-sim: --web-address: \"::1\" is no IPv4 address such as 127.0.0.1");
+  EXPECT_EQ(refusalOf({"--web-port", "-1"}),
+            "zelkad-sim: --web-port: Value -1 not in range 0 to 65535");
+  EXPECT_EQ(refusalOf({"--port", "65520"}),
+            "zelkad-sim: --port: Value 65520 not in range 0 to 65519");
+  EXPECT_EQ(refusalOf({"--web-port", "53264"}),
+            "zelkad-sim: --weighing-port and --web-port: must differ");
+  EXPECT_EQ(refusalOf({"--port", "6000", "--printing-port", "6016"}),
+            "zelkad-sim: --printing-port and --web-port: must differ");
+  EXPECT_EQ(refusalOf({"--no-web", "--web-port", "0"}),
+            "zelkad-sim: --no-web and --web-port: exclude each other");
+  EXPECT_EQ(refusalOf({"--no-web", "--web-address", "127.0.0.1"}),
+            "zelkad-sim: --no-web and --web-address: exclude each other");
+}
+
 TEST(SimOptions, UnknownOnesAreRefused) {
   EXPECT_EQ(refusalOf({"--bogus"}), "zelkad-sim: The following argument was not expected: --bogus");
 }
@@ -92,9 +141,9 @@ TEST(SimOptions, HelpShowsEveryOptionAndExamples) {
   const Parsed parsed = parse({"--help"});
   EXPECT_FALSE(parsed.options);
   EXPECT_EQ(parsed.exitCode, 0);
-  for (const char* text :
-       {"--address", "--weighing-port", "--printing-port", "--load", "--settling", "--paper-dir",
-        "--console", "--quiet", "--version", "Examples:"}) {
+  for (const char* text : {"--address", "--weighing-port", "--printing-port", "--port",
+                           "--web-port", "--web-address", "--no-web", "--load", "--settling",
+                           "--paper-dir", "--console", "--quiet", "--version", "Examples:"}) {
     EXPECT_NE(parsed.out.find(text), std::string::npos) << text;
   }
 }
