@@ -16,11 +16,7 @@ struct Devices {
 
   /// As constructed with these arguments; job numbers begin again. Whoever listens to the jobs goes
   /// on to do so. Throws, with nothing changed, as the constructor does.
-  void restore(ScaleConfig config, Milligrams load) {
-    scale = Scale(std::move(config), load);
-    printers.restore();
-    drawer = CashDrawer();
-  }
+  void restore(ScaleConfig config, Milligrams load);
 
   Scale scale;
   Printers printers;

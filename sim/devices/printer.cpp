@@ -112,10 +112,7 @@ ResultCode Printer::beginJob(std::vector<PaperItem> items) {
   auto job = newJob();
   const Paper& paper = job->paper();
   const int needed = paper.topFor(items.front()) - paper.length() + leastHeightOf(items.front());
-  if (!supply_.reaches(needed)) {
-    moveOn(needed);
-    return ResultCode::OutOfPaper;
-  }
+  if (!reaches(needed)) return ResultCode::OutOfPaper;
   beginFreshPaper(std::move(job));
   const ResultCode code = layDown(std::move(items));
   log_->add(job_);
@@ -217,27 +214,30 @@ ResultCode Printer::feedDots(int dots) {
   if (job_) return put({FeedItem{dots}});
   if (const ResultCode code = status(); code != ResultCode::Ok) return code;
   if (fed_ + dots > kMostFreshPaper) return ResultCode::TooMuchToPrint;
-  return moveOn(dots) ? ResultCode::Ok : ResultCode::OutOfPaper;
+  if (!reaches(dots)) return ResultCode::OutOfPaper;
+  fed_ += supply_.advance(dots);
+  return ResultCode::Ok;
 }
 
-// Feeds below what is there, as far as the roll reaches; tells whether that was all of it.
-bool Printer::moveOn(int dots) {
-  const bool reaches = supply_.reaches(dots);
-  if (!job_) {
-    fed_ = std::min(fed_ + supply_.advance(dots), kMostFreshPaper);
-  } else if (!reaches) {
+// Whether the roll reaches for so many more dots. If not, what is left of it comes out blank.
+bool Printer::reaches(int dots) {
+  if (supply_.reaches(dots)) return true;
+  if (job_) {
     layDownToTheEnd(FeedItem{dots});
     log_->changed(*job_);
+  } else {
+    fed_ = std::min(fed_ + supply_.advance(dots), kMostFreshPaper);
   }
-  return reaches;
+  return false;
 }
 
-// What is left of a label after a job, as the printer believes, is not fed on the job's account.
+// To the next label, as the printer believes, with paper below the head to print on. What is left
+// of a label is not fed on the account of the job before.
 bool Printer::goToNextLabel() {
   const int distance = hasLabels() ? learnt()->toNextLabel() : 0;
-  if (!supply_.reaches(distance)) return moveOn(distance);
+  if (!reaches(distance + 1)) return false;
   supply_.advance(distance);
-  return !supply_.isEmpty();
+  return true;
 }
 
 ResultCode Printer::cut(int percent) {
@@ -246,7 +246,7 @@ ResultCode Printer::cut(int percent) {
   if (job_) {
     const Paper& paper = job_->paper();
     const int distance = paper.topFor(CutItem{percent}) - paper.length();
-    if (!moveOn(distance)) return ResultCode::OutOfPaper;
+    if (!reaches(distance)) return ResultCode::OutOfPaper;
     supply_.advance(distance);
     job_->cut(percent);
     log_->changed(*job_);
@@ -278,6 +278,7 @@ ResultCode Printer::checkStock(const LabelStock& stock) const {
 
 ResultCode Printer::setStock(const LabelStock& stock) {
   if (const ResultCode code = checkStock(stock); code != ResultCode::Ok) return code;
+  if (stock == *this->stock()) return ResultCode::Ok;
   if (isPrinting()) {
     job_->lieOn(stock);
     log_->changed(*job_);

@@ -153,7 +153,7 @@ class Printer {
   ResultCode layDown(std::vector<PaperItem> items);
   void layDownToTheEnd(PaperItem item);
   ResultCode feedDots(int dots);
-  bool moveOn(int dots);
+  bool reaches(int dots);
   bool goToNextLabel();
   void takePaperAway();
   void beginFreshPaper(std::shared_ptr<Job> job);

@@ -2,7 +2,9 @@
 #include <cstddef>
 #include <map>
 #include <utility>
+#include <vector>
 
+#include "paper/label_span.h"
 #include "paper/plain_line.h"
 #include "paper/render.h"
 
@@ -18,7 +20,10 @@ constexpr int kLineHeight = 30;
 class PlainText {
  public:
   /// Lines of the font with cells of `plainWidth` dots read as they are.
-  PlainText(const PaperFormat& format, int plainWidth) : format_(format), plainWidth_(plainWidth) {}
+  PlainText(const Paper& paper, int plainWidth)
+      : format_(paper.format()),
+        plainWidth_(plainWidth),
+        gaps_(gapsOn(paper, 0, paper.length() + 1)) {}
 
   void operator()(const TextItem& item) {
     addLine(blanks(item.indent) + plainLine(item.text, item.fontSize / 2, plainWidth_));
@@ -35,13 +40,12 @@ class PlainText {
 
   void operator()(const RollEndItem& /*end*/) { addLine("~~~~ end of the roll ~~~~"); }
 
-  // Blank paper up to `top`, with the ends of labels on the way.
+  // Blank paper up to `top`, with the gaps between labels on the way.
   void advanceTo(int top) {
-    while (format_.hasLabels() && top >= topOfLabel(label_ + 1)) {
-      addBlankUpTo(topOfLabel(label_) + format_.labelHeight);
+    for (; gap_ < gaps_.size() && top >= gaps_[gap_].bottom; ++gap_) {
+      addBlankUpTo(gaps_[gap_].top);
       addRule(". ");
-      ++label_;
-      at_ = std::max(at_, topOfLabel(label_));
+      at_ = std::max(at_, gaps_[gap_].bottom);
     }
     addBlankUpTo(top);
   }
@@ -51,8 +55,6 @@ class PlainText {
   std::string take() { return std::move(text_); }
 
  private:
-  int topOfLabel(int label) const { return label * format_.pitch(); }
-
   std::string blanks(int indent) const {
     return std::string(static_cast<std::size_t>(std::clamp(indent, 0, format_.width) / kCellWidth),
                        ' ');
@@ -79,8 +81,9 @@ class PlainText {
   PaperFormat format_;
   int plainWidth_;
   std::string text_;
-  int at_ = 0;     // how far down the paper the text has come
-  int label_ = 0;  // the label there
+  int at_ = 0;  // how far down the paper the text has come
+  std::vector<LabelSpan> gaps_;
+  std::size_t gap_ = 0;  // the next one
 };
 
 // Width of the cells that most lines have; of several, the narrowest.
@@ -94,13 +97,25 @@ int plainWidthOf(const Paper& paper) {
   return most == lines.end() ? kCellWidth : std::max(1, most->first);
 }
 
+// A line that falls into a gap for more than half of its height can not be read.
+bool isLost(const Paper& paper, std::size_t index) {
+  const auto* text = std::get_if<TextItem>(&paper.items()[index]);
+  if (text == nullptr || !paper.format().hasLabels()) return false;
+  const int top = paper.tops()[index];
+  int printed = 0;
+  for (const LabelSpan& label : labelsOn(paper, top, top + text->fontSize)) {
+    printed += label.bottom - label.top;
+  }
+  return 2 * printed < text->fontSize;
+}
+
 }  // namespace
 
 std::string plainTextOf(const Paper& paper) {
-  PlainText text(paper.format(), plainWidthOf(paper));
+  PlainText text(paper, plainWidthOf(paper));
   for (std::size_t i = 0; i < paper.items().size(); ++i) {
     const PaperItem& item = paper.items()[i];
-    if (std::holds_alternative<FeedItem>(item)) continue;
+    if (std::holds_alternative<FeedItem>(item) || isLost(paper, i)) continue;
     text.advanceTo(paper.tops()[i]);
     std::visit(text, item);
     text.continueAt(paper.tops()[i] + heightOf(item));

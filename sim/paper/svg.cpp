@@ -1,10 +1,15 @@
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
-#include <cstdint>
+#include <string>
 #include <variant>
+#include <vector>
 
 #include "base/base64.h"
+#include "paper/label_span.h"
 #include "paper/render.h"
+#include "paper/sheet.h"
+#include "paper/svg_shapes.h"
 #include "paper/svg_text.h"
 
 namespace tolvex::sim {
@@ -13,141 +18,172 @@ namespace {
 
 // In dots.
 constexpr int kMargin = 24;           // of background around the paper
-constexpr int kHead = 24;             // of paper above the first line of a roll
-constexpr int kTail = 40;             // of paper below the last line that is torn off
-constexpr int kTooth = 10;            // of a torn edge
-constexpr int kBacking = 16;          // of backing beside a label
+constexpr int kMarkWidth = 24;        // of a mark on the back
 constexpr double kCornerRadius = 12;  // of a label
-constexpr double kBridgeLength = 7;
 
+constexpr char kBackground[] = "#e9e9e6";
 constexpr char kFonts[] =
     "'DejaVu Sans Mono','Liberation Mono',Consolas,Menlo,'Courier New','Noto Sans Mono CJK SC',"
     "'Noto Sans CJK SC','Microsoft YaHei','PingFang SC',SimSun,monospace";
 
 std::string number(double value) { return svgNumber(value); }
 
-std::string rectangle(double x, double y, double width, double height, const std::string& more) {
-  return "<rect x=\"" + number(x) + "\" y=\"" + number(y) + "\" width=\"" + number(width) +
-         "\" height=\"" + number(height) + "\"" + more + "/>\n";
-}
-
-// The cut that ends the paper, nothing if it was torn off.
-const CutItem* cutAtEnd(const Paper& paper) {
-  if (paper.isEmpty()) return nullptr;
-  const auto* cut = std::get_if<CutItem>(&paper.items().back());
-  return cut != nullptr && cut->percent > 0 ? cut : nullptr;
-}
-
 // At its true size a dot is less than half a pixel of an ordinary screen: smoothing keeps thin
 // lines visible. Once dots are as large as pixels, they are to be sharp.
 constexpr char kStyle[] =
     "<style>@media (min-resolution:2dppx){.dots{image-rendering:pixelated}}</style>\n";
 
-// Draws one paper. The origin is the upper left corner of the printable width, or of the first
-// label's.
+// Draws one paper.
 class Drawing {
  public:
-  explicit Drawing(const Paper& paper)
+  Drawing(const Paper& paper, Form form)
       : paper_(paper),
         format_(paper.format()),
-        left_(-(format_.width - format_.printable) / 2.0),
-        side_(format_.hasLabels() ? kBacking : 0),
-        top_(format_.hasLabels() ? -format_.labelGap / 2.0 - kBacking / 2.0 : -kHead) {}
+        form_(form),
+        sheet_(sheetOf(paper, form)),
+        left_(-(format_.width - format_.printable) / 2.0) {
+    const int top = static_cast<int>(std::floor(sheet_.top));
+    const int bottom = static_cast<int>(std::ceil(sheet_.bottom));
+    labels_ = labelsOn(paper, top, bottom);
+    marks_ = marksOn(paper, top, bottom);
+  }
 
-  std::string take() {
-    const double width = format_.width + 2.0 * (side_ + kMargin);
-    const double height = bottom() - top_ + 2.0 * kMargin;
-    const double x = left_ - side_ - kMargin;
-    const double y = top_ - kMargin;
-    std::string svg =
-        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-        "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
-        "width=\"" +
-        number(width / kDotsPerMm) + "mm\" height=\"" + number(height / kDotsPerMm) +
-        "mm\" viewBox=\"" + number(x) + " " + number(y) + " " + number(width) + " " +
-        number(height) + "\">\n";
-    svg += kStyle;
-    svg += rectangle(x, y, width, height, " fill=\"#e9e9e6\"");
-    svg += sheet() + labels() + content() + cuts();
+  std::string take() const {
+    std::string svg = opening() + kStyle;
+    if (form_ == Form::Picture) svg += background();
+    svg += sheet() + labels() + content() + cuts() + ends();
     return svg + "</svg>\n";
   }
 
  private:
-  int labelCount() const {
-    return paper_.length() > 0 ? (paper_.length() - 1) / format_.pitch() + 1 : 1;
+  int margin() const { return form_ == Form::Picture ? kMargin : 0; }
+  double x() const { return sheet_.left - margin(); }
+  double y() const { return sheet_.top - margin(); }
+  double width() const { return sheet_.right - sheet_.left + 2.0 * margin(); }
+
+  double height() const {
+    const bool isStraight = sheet_.end == SheetEnd::Open || sheet_.end == SheetEnd::RollsEnd;
+    const int edge = form_ == Form::Strip && !isStraight ? kSvgEdgeDepth : 0;
+    return sheet_.bottom - sheet_.top + 2.0 * margin() + edge;
   }
 
-  double bottom() const {
-    if (!format_.hasLabels()) return paper_.length() + (cutAtEnd(paper_) != nullptr ? 0 : kTail);
-    return (labelCount() - 1) * format_.pitch() + format_.labelHeight + format_.labelGap / 2.0 +
-           kBacking / 2.0;
+  std::string opening() const {
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<svg xmlns=\"http://www.w3.org/2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" "
+           "width=\"" +
+           number(width() / kDotsPerMm) + "mm\" height=\"" + number(height() / kDotsPerMm) +
+           "mm\" viewBox=\"" + number(x()) + " " + number(y()) + " " + number(width()) + " " +
+           number(height()) + "\">\n";
+  }
+
+  std::string background() const {
+    return svgRectangle(x(), y(), width(), height(), " fill=\"" + std::string(kBackground) + "\"");
+  }
+
+  std::string lowerEdge() const {
+    if (sheet_.end == SheetEnd::Torn) return svgTornEdge(sheet_.left, sheet_.right, sheet_.bottom);
+    if (sheet_.end != SheetEnd::Cut) return "H" + number(sheet_.left);
+    return svgCutEdge(sheet_.left, sheet_.right, sheet_.bottom, sheet_.percent);
   }
 
   // The outline of the paper or the backing, from the upper left corner clockwise.
   std::string outline() const {
-    const double left = left_ - side_;
-    const double right = left_ + format_.width + side_;
-    return "M" + number(left) + " " + number(top_) + "H" + number(right) + "V" + number(bottom()) +
-           lowerEdge(left, right) + "Z";
+    return "M" + number(sheet_.left) + " " + number(sheet_.top) + "H" + number(sheet_.right) + "V" +
+           number(sheet_.bottom) + lowerEdge() + "Z";
   }
 
-  std::string lowerEdge(double left, double right) const {
-    const CutItem* cut = cutAtEnd(paper_);
-    if (cut == nullptr) return tornEdge(left, right);
-    if (cut->percent >= 100) return "H" + number(left);
-    // What was not cut through was torn off last.
-    const double half = (right - left) * (100 - cut->percent) / 200.0;
-    const double middle = (left + right) / 2;
-    const std::string below = number(bottom() + kBridgeLength);
-    return "H" + number(middle + half) + "L" + number(middle + half / 2) + " " + below + "L" +
-           number(middle) + " " + number(bottom() + kBridgeLength / 2) + "L" +
-           number(middle - half / 2) + " " + below + "L" + number(middle - half) + " " +
-           number(bottom()) + "H" + number(left);
+  // What goes on above or below has no edge there.
+  std::string openOutline() const {
+    const std::string bottom = sheet_.end == SheetEnd::Open
+                                   ? "M" + number(sheet_.left) + " " + number(sheet_.bottom)
+                                   : lowerEdge();
+    return "M" + number(sheet_.right) + " " + number(sheet_.top) + "V" + number(sheet_.bottom) +
+           bottom + "V" + number(sheet_.top);
   }
 
-  // Teeth of different lengths, the same ones for the same paper.
-  std::string tornEdge(double left, double right) const {
-    std::string edge;
-    std::uint32_t seed = 1;
-    bool isOut = true;
-    const int teeth = static_cast<int>((right - left - 1) / kTooth);
-    for (int tooth = 1; tooth <= teeth; ++tooth, isOut = !isOut) {
-      seed = seed * 1664525U + 1013904223U;
-      const double depth = (seed >> 24U) / 64.0 + (isOut ? 3 : -6);
-      edge += "L" + number(right - tooth * kTooth) + " " + number(bottom() + depth);
-    }
-    return edge + "L" + number(left) + " " + number(bottom());
+  bool hasBacking() const {
+    return std::any_of(paper_.stretches().begin(), paper_.stretches().end(),
+                       [](const Stretch& s) { return s.stock.kind == StockKind::Gap; });
   }
 
   std::string sheet() const {
     const std::string path = outline();
-    const char* fill = format_.hasLabels() ? "#e3d9b8" : "#fff";
-    return "<path d=\"" + path +
-           "\" transform=\"translate(3 4)\" fill=\"#000\" opacity=\".10\"/>\n" + "<path d=\"" +
-           path + "\" fill=\"" + fill + "\" stroke=\"#c4c4be\"/>\n";
+    const std::string fill = hasBacking() ? " fill=\"#e3d9b8\"" : " fill=\"#fff\"";
+    constexpr char kEdge[] = " stroke=\"#c4c4be\"";
+    if (form_ == Form::Strip) {
+      return svgPath(path, fill) + svgPath(openOutline(), std::string(" fill=\"none\"") + kEdge);
+    }
+    return svgPath(path, " transform=\"translate(3 4)\" fill=\"#000\" opacity=\".10\"") +
+           svgPath(path, fill + kEdge);
   }
 
   std::string labels() const {
-    if (!format_.hasLabels()) return {};
-    return labelRectangles(
-        left_, format_.width,
-        " rx=\"" + number(kCornerRadius) + "\" fill=\"#fff\" stroke=\"#cfc7a8\"");
+    std::string svg;
+    for (const LabelSpan& span : labels_) svg += labelOf(span);
+    for (const LabelSpan& mark : marks_) {
+      svg +=
+          svgRectangle(sheet_.left, mark.top, kMarkWidth, mark.bottom - mark.top, " fill=\"#333\"");
+    }
+    return reachesTornEdge() ? clippedToSheet(svg) : svg;
   }
 
-  std::string labelRectangles(double x, double width, const std::string& more) const {
-    std::string rectangles;
-    for (int label = 0; label < labelCount(); ++label) {
-      rectangles += rectangle(x, label * format_.pitch(), width, format_.labelHeight, more);
+  std::string labelOf(const LabelSpan& span) const {
+    const int height = span.bottom - span.top;
+    if (span.kind != StockKind::Gap) {
+      return hasBacking() ? svgRectangle(sheet_.left, span.top, sheet_.right - sheet_.left, height,
+                                         " fill=\"#fff\"")
+                          : "";
     }
-    return rectangles;
+    const std::string look = " fill=\"#fff\" stroke=\"#cfc7a8\"";
+    if (!span.begins || !span.ends) return svgPath(partOfLabel(span), look);
+    return svgRectangle(left_, span.top, format_.width, height,
+                        " rx=\"" + number(kCornerRadius) + "\"" + look);
+  }
+
+  // Round where the label begins or ends, straight where it is cut off.
+  std::string partOfLabel(const LabelSpan& span) const {
+    const auto corner = [](bool isRound, int right, int down) {
+      const auto side = [](int sign) { return number(sign * kCornerRadius); };
+      return isRound ? "a12 12 0 0 1 " + side(right) + " " + side(down) : std::string();
+    };
+    const double upper = span.begins ? kCornerRadius : 0;
+    const double lower = span.ends ? kCornerRadius : 0;
+    const double right = left_ + format_.width;
+    return "M" + number(left_ + upper) + " " + number(span.top) + "H" + number(right - upper) +
+           corner(span.begins, 1, 1) + "V" + number(span.bottom - lower) +
+           corner(span.ends, -1, 1) + "H" + number(left_ + lower) + corner(span.ends, -1, -1) +
+           "V" + number(span.top + upper) + corner(span.begins, 1, -1) + "Z";
+  }
+
+  bool reachesTornEdge() const {
+    if (sheet_.end != SheetEnd::Torn) return false;
+    const auto reaches = [this](const LabelSpan& span) {
+      const bool isDrawn = span.kind == StockKind::Gap || hasBacking();
+      return isDrawn && span.bottom > sheet_.bottom - kSvgEdgeDepth;
+    };
+    return std::any_of(labels_.begin(), labels_.end(), reaches) ||
+           (!marks_.empty() && marks_.back().bottom > sheet_.bottom - kSvgEdgeDepth);
+  }
+
+  std::string clippedToSheet(const std::string& svg) const {
+    return "<clipPath id=\"sheet\">\n" + svgPath(outline(), "") +
+           "</clipPath>\n<g clip-path=\"url(#sheet)\">\n" + svg + "</g>\n";
+  }
+
+  std::string printableArea() const {
+    if (!format_.hasLabels()) {
+      return svgRectangle(0, sheet_.top, format_.printable, sheet_.bottom - sheet_.top, "");
+    }
+    std::string area;
+    for (const LabelSpan& span : labels_) {
+      area += svgRectangle(0, span.top, format_.printable, span.bottom - span.top, "");
+    }
+    return area;
   }
 
   // What the head does not reach, or what would fall between the labels, is not printed.
   std::string content() const {
-    std::string area = format_.hasLabels()
-                           ? labelRectangles(0, format_.printable, "")
-                           : rectangle(0, top_, format_.printable, bottom() - top_, "");
-    std::string svg = "<clipPath id=\"printable\">\n" + area + "</clipPath>\n";
+    std::string svg = "<clipPath id=\"printable\">\n" + printableArea() + "</clipPath>\n";
     svg += "<g clip-path=\"url(#printable)\" fill=\"#000\" font-family=\"" + std::string(kFonts) +
            "\" style=\"white-space:pre\">\n";
     for (std::size_t i = 0; i < paper_.items().size(); ++i) {
@@ -180,23 +216,48 @@ class Drawing {
   }
 
   std::string cutAt(int y, int percent) const {
-    const double left = left_ - side_;
-    const double right = left_ + format_.width + side_;
-    const double half = (right - left) * percent / 200.0;
-    return "<path d=\"M" + number(left) + " " + number(y) + "h" + number(half) + "M" +
-           number(right) + " " + number(y) + "h" + number(-half) +
-           "\" stroke=\"#8a8a84\" stroke-width=\"1.5\" stroke-dasharray=\"9 5\" fill=\"none\"/>\n";
+    const double half = (sheet_.right - sheet_.left) * percent / 200.0;
+    return svgPath("M" + number(sheet_.left) + " " + number(y) + "h" + number(half) + "M" +
+                       number(sheet_.right) + " " + number(y) + "h" + number(-half),
+                   " stroke=\"#8a8a84\" stroke-width=\"1.5\" stroke-dasharray=\"9 5\" "
+                   "fill=\"none\"");
+  }
+
+  // The ends of rolls, which carry a coloured stripe.
+  std::string ends() const {
+    std::string svg;
+    for (std::size_t i = 0; i < paper_.items().size(); ++i) {
+      if (std::holds_alternative<RollEndItem>(paper_.items()[i])) {
+        svg += rollEndAt(paper_.tops()[i], i + 1 < paper_.items().size());
+      }
+    }
+    return svg;
+  }
+
+  std::string rollEndAt(int top, bool goesOn) const {
+    const double width = sheet_.right - sheet_.left;
+    const double end = top + RollEndItem::kLength;
+    std::string svg =
+        svgRectangle(sheet_.left, top + 4, width, RollEndItem::kLength - 8, " fill=\"#d6336c\"");
+    svg += "<text x=\"" + number((sheet_.left + sheet_.right) / 2) + "\" y=\"" + number(top + 27) +
+           "\" font-size=\"22\" text-anchor=\"middle\" fill=\"#fff\" "
+           "font-family=\"sans-serif\">end of the roll</text>\n";
+    if (!goesOn) return svg;
+    return svg + svgPath("M" + number(sheet_.left) + " " + number(end) + "h" + number(width),
+                         " stroke=\"#55554f\" stroke-width=\"3\"");
   }
 
   const Paper& paper_;
   PaperFormat format_;
+  Form form_;
+  Sheet sheet_;
   double left_;
-  double side_;
-  double top_;
+  std::vector<LabelSpan> labels_;
+  std::vector<LabelSpan> marks_;
 };
 
 }  // namespace
 
-std::string svgOf(const Paper& paper, Form /*form*/) { return Drawing(paper).take(); }
+std::string svgOf(const Paper& paper, Form form) { return Drawing(paper, form).take(); }
 
 }  // namespace tolvex::sim

@@ -8,6 +8,10 @@
 namespace tolvex::sim {
 namespace {
 
+std::string describe(const Job& job) {
+  return std::to_string(job.number()) + (job.isFinished() ? " finished" : " printing");
+}
+
 class JobLogTest : public PrinterFixture {
  protected:
   std::size_t bytesKept() const {
@@ -119,6 +123,89 @@ TEST_F(JobLogTest, AJobOnlyTakesSoMuchMemory) {
   EXPECT_EQ(prints, 16);
   EXPECT_LE(ticket_.job()->bytes(), Job::kMaxBytes);
   EXPECT_EQ(ticket_.cut(70), ResultCode::Ok);
+}
+
+TEST_F(JobLogTest, TellsAllWhoListen) {
+  Items told;
+  printers_.jobs().listen([&](const Job& job) { told.push_back("1: " + describe(job)); });
+  printers_.jobs().listen([&](const Job& job) { told.push_back("2: " + describe(job)); });
+  ticket_.printText("a", 24);
+  ticket_.finishJob();
+  EXPECT_EQ(told, (Items{"1: 1 printing", "2: 1 printing", "1: 1 finished", "2: 1 finished"}));
+}
+
+TEST_F(JobLogTest, CountsItsChanges) {
+  JobLog& log = printers_.jobs();
+  EXPECT_EQ(log.changes(), 0U);
+  ticket_.printText("a", 24);
+  EXPECT_EQ(log.changes(), 1U);
+  EXPECT_EQ(log.find(1)->revision(), 1U);
+  label_.printText("b", 24);
+  ticket_.finishJob();
+  EXPECT_EQ(log.changes(), 3U);
+  EXPECT_EQ(log.find(1)->revision(), 3U);
+  EXPECT_EQ(log.find(2)->revision(), 2U);
+  Items told;
+  log.listen([&](const Job& job) { told.push_back(describe(job)); });
+  ticket_.tearOff();
+  EXPECT_EQ(log.find(1)->revision(), 4U);
+  EXPECT_EQ(told, Items{});
+}
+
+TEST_F(JobLogTest, FindsItsJobs) {
+  ticket_.printText("a", 24);
+  ASSERT_NE(printers_.jobs().find(1), nullptr);
+  EXPECT_EQ(printers_.jobs().find(1)->number(), 1);
+  for (const int number : {-1, 0, 2}) EXPECT_EQ(printers_.jobs().find(number), nullptr) << number;
+}
+
+TEST_F(JobLogTest, ForgetsFinishedJobs) {
+  JobLog& log = printers_.jobs();
+  ticket_.printText("a", 24);
+  ticket_.finishJob();
+  label_.printText("b", 24);
+  third_.printText("c", 24);
+  third_.finishJob();
+  const auto before = log.changes();
+  log.clear();
+  EXPECT_EQ(jobs(), 1U);
+  EXPECT_EQ(log.jobs().front()->number(), 2);
+  EXPECT_GT(log.changes(), before);
+  EXPECT_EQ(log.nextNumber(), 4);
+}
+
+TEST_F(JobLogTest, BeginsAgain) {
+  JobLog& log = printers_.jobs();
+  ticket_.printText("a", 24);
+  const auto before = log.changes();
+  log.restart();
+  EXPECT_EQ(jobs(), 0U);
+  EXPECT_GT(log.changes(), before);
+  EXPECT_EQ(log.nextNumber(), 1);
+}
+
+TEST_F(JobLogTest, AJobKnowsWhatBecameOfItsPaper) {
+  const auto printOne = [this] {
+    ticket_.printText("a", 24);
+    ticket_.finishJob();
+    return printers_.jobs().newest();
+  };
+  const auto first = printOne();
+  EXPECT_EQ(first->end(), JobEnd::Open);
+  EXPECT_FALSE(first->continues());
+  const auto second = printOne();
+  EXPECT_EQ(first->end(), JobEnd::Open);
+  EXPECT_TRUE(second->continues());
+  ticket_.cut(70);
+  EXPECT_EQ(second->end(), JobEnd::Cut);
+  const auto third = printOne();
+  EXPECT_FALSE(third->continues());
+  ticket_.tearOff();
+  EXPECT_EQ(third->end(), JobEnd::Torn);
+  ticket_.printText("b", 24);
+  EXPECT_FALSE(ticket_.job()->continues());
+  ticket_.tearOff();
+  EXPECT_EQ(printers_.jobs().newest()->end(), JobEnd::Torn);
 }
 
 }  // namespace

@@ -108,5 +108,14 @@ TEST(ScaleConfig, SettlingTimesKeepTheirProportion) {
   EXPECT_EQ(config.holdTime.count(), 0);
 }
 
+TEST(ScaleConfig, ItsSettlingIsTheOneThatWasSet) {
+  ScaleConfig config;
+  EXPECT_EQ(settlingOf(config), Seconds(1));
+  for (const double seconds : {0.0, 0.1, 0.7, 2.5, 59.9, 3600.0}) {
+    setSettling(config, Seconds(seconds));
+    EXPECT_DOUBLE_EQ(settlingOf(config).count(), seconds);
+  }
+}
+
 }  // namespace
 }  // namespace tolvex::sim

@@ -89,5 +89,12 @@ TEST(CutToWidth, LeavesWhatFits) {
   EXPECT_EQ(rowsOf(cutToWidth(picture(kFlag), 4)), kFlag);
 }
 
+TEST(CutToHeight, KeepsTheUpperPart) {
+  EXPECT_EQ(rowsOf(cutToHeight(picture(kFlag), 1)), Rows{kFlag[0]});
+  EXPECT_EQ(cutToHeight(picture(kFlag), 0).height(), 0);
+  EXPECT_EQ(cutToHeight(picture(kFlag), -5).height(), 0);
+  EXPECT_EQ(rowsOf(cutToHeight(picture(kFlag), 2)), kFlag);
+}
+
 }  // namespace
 }  // namespace tolvex::sim
