@@ -135,24 +135,30 @@ class Drawing {
                           : "";
     }
     const std::string look = " fill=\"#fff\" stroke=\"#cfc7a8\"";
-    if (!span.begins || !span.ends) return svgPath(partOfLabel(span), look);
+    const bool isWhole = span.begins && span.ends;
+    if (!isWhole && height < kCornerRadius) {
+      return svgRectangle(left_, span.top, format_.width, height, " fill=\"#fff\"");
+    }
+    if (!isWhole) return svgPath(partOfLabel(span), look);
     return svgRectangle(left_, span.top, format_.width, height,
                         " rx=\"" + number(kCornerRadius) + "\"" + look);
   }
 
-  // Round where the label begins or ends, straight where it is cut off.
+  // Round where the label begins or ends; where it is cut off, the paper goes on without an edge.
   std::string partOfLabel(const LabelSpan& span) const {
-    const auto corner = [](bool isRound, int right, int down) {
-      const auto side = [](int sign) { return number(sign * kCornerRadius); };
-      return isRound ? "a12 12 0 0 1 " + side(right) + " " + side(down) : std::string();
-    };
-    const double upper = span.begins ? kCornerRadius : 0;
-    const double lower = span.ends ? kCornerRadius : 0;
     const double right = left_ + format_.width;
-    return "M" + number(left_ + upper) + " " + number(span.top) + "H" + number(right - upper) +
-           corner(span.begins, 1, 1) + "V" + number(span.bottom - lower) +
-           corner(span.ends, -1, 1) + "H" + number(left_ + lower) + corner(span.ends, -1, -1) +
-           "V" + number(span.top + upper) + corner(span.begins, 1, -1) + "Z";
+    const std::string top = number(span.top);
+    const std::string bottom = number(span.bottom);
+    const std::string across = "H" + number(right - kCornerRadius);
+    if (span.begins) {
+      return "M" + number(left_) + " " + bottom + "V" + number(span.top + kCornerRadius) +
+             "a12 12 0 0 1 12 -12" + across + "a12 12 0 0 1 12 12V" + bottom;
+    }
+    if (span.ends) {
+      return "M" + number(left_) + " " + top + "V" + number(span.bottom - kCornerRadius) +
+             "a12 12 0 0 0 12 12" + across + "a12 12 0 0 0 12 -12V" + top;
+    }
+    return "M" + number(left_) + " " + top + "V" + bottom + "H" + number(right) + "V" + top;
   }
 
   bool reachesTornEdge() const {
