@@ -3,8 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cstdint>
 #include <future>
+#include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
@@ -36,6 +38,21 @@ class ServerFixture : public ::testing::Test {
     auto result = task.get_future();
     server_.post([&task] { task(); });
     return result.get();
+  }
+
+  /// Waits until `condition`, asked on the server's thread, is true; fails after 30 seconds.
+  template <typename Condition>
+  void await(Condition condition) {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(30);
+    while (!onServer(condition)) {
+      if (std::chrono::steady_clock::now() > end) throw std::runtime_error("waited in vain");
+      std::this_thread::yield();
+    }
+  }
+
+  /// Waits until the port has no clients any more.
+  void awaitNoClients(Half half) {
+    await([this, half] { return traffic_.connections(half) == 0; });
   }
 
   Devices devices_;

@@ -28,6 +28,19 @@ struct TestClient::Impl {
   std::array<char, 2048> buffer{};
   std::string outgoing;
 
+  // What a single receive gives.
+  error_code receive(std::size_t& received) {
+    bool done = false;
+    error_code result;
+    socket.async_read_some(asio::buffer(buffer), [&](error_code error, std::size_t n) {
+      result = error;
+      received = n;
+      done = true;
+    });
+    await(done, "receiving");
+    return result;
+  }
+
   // Runs the context until `done`.
   void await(const bool& done, const char* what) {
     const auto deadline = std::chrono::steady_clock::now() + kPatience;
@@ -74,15 +87,8 @@ void TestClient::sendInBackground(std::string bytes) {
 }
 
 std::string TestClient::receive() {
-  bool done = false;
-  error_code result;
   std::size_t received = 0;
-  impl_->socket.async_read_some(asio::buffer(impl_->buffer), [&](error_code error, std::size_t n) {
-    result = error;
-    received = n;
-    done = true;
-  });
-  impl_->await(done, "receiving");
+  const error_code result = impl_->receive(received);
   if (result != asio::error::eof) Impl::check(result, "receive");
   return {impl_->buffer.data(), received};
 }
@@ -98,6 +104,26 @@ std::string TestClient::receive(std::size_t count) {
 }
 
 std::string TestClient::receiveAll() { return receive(std::numeric_limits<std::size_t>::max()); }
+
+TestClient::End TestClient::awaitEnd() {
+  std::size_t received = 0;
+  const error_code result = impl_->receive(received);
+  if (result == asio::error::eof) return End::Closed;
+  if (result == asio::error::connection_reset || result == asio::error::connection_aborted) {
+    return End::Reset;
+  }
+  Impl::check(result, "await the end");
+  throw std::runtime_error("test client: bytes instead of the end of the connection");
+}
+
+bool TestClient::isRefused(std::uint16_t port) {
+  const TestClient client;
+  error_code error;
+  client.impl_->socket.connect({asio::ip::address_v4::loopback(), port}, error);
+  if (error == asio::error::connection_refused) return true;
+  Impl::check(error, "connect");
+  return false;
+}
 
 std::string TestClient::ask(std::string_view request) {
   send(request);

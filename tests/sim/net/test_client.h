@@ -37,6 +37,13 @@ class TestClient {
   /// Receives until the server closes.
   std::string receiveAll();
 
+  /// Waits for the end of the connection and says which one it is. Bytes that come instead throw.
+  enum class End { Closed, Reset };
+  End awaitEnd();
+
+  /// Whether the system refuses connections to this port.
+  static bool isRefused(std::uint16_t port);
+
   /// send() and then receive().
   std::string ask(std::string_view request);
 
