@@ -1,5 +1,5 @@
 // The cash drawer.
-import { patch } from './api.js';
+import { patch } from './service.js';
 import { byId, setAttribute, setText } from './dom.js';
 import { onClick } from './problem.js';
 import { plural } from './text.js';

@@ -48,9 +48,9 @@ export function showExchange(store, choice) {
     const exchange = choice.exchange === null ? undefined : store.exchange(choice.exchange);
     place.hidden = exchange === undefined;
     if (exchange === undefined) return place.replaceChildren();
-    place.replaceChildren(element('p', { class: 'facts' }, facts(exchange)),
+    place.replaceChildren(element('p', { class: 'facts' }, facts(exchange)), buttonsOf(exchange),
       element('div', { class: 'messages' }, block('Request', exchange.request, exchange.request_bytes, isPretty),
-        block('Reply', exchange.reply, exchange.reply_bytes, isPretty)), buttonsOf(exchange));
+        block('Reply', exchange.reply, exchange.reply_bytes, isPretty)));
   };
   return show;
 }

@@ -1,5 +1,5 @@
 // The form for a fault of any kind.
-import { post } from './api.js';
+import { post } from './service.js';
 import { commandsOf } from './commands.js';
 import { byId, element } from './dom.js';
 import { isCarriedOutAtFirst, kKinds } from './fault_kinds.js';

@@ -1,5 +1,5 @@
 // The faults on the wire that are in force.
-import { post, remove } from './api.js';
+import { post, remove } from './service.js';
 import { byId, element, setAttribute, setText } from './dom.js';
 import { setUpFaultForm } from './fault_form.js';
 import { kPresets, remainingInWords, ruleInWords } from './fault_kinds.js';

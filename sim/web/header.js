@@ -1,5 +1,5 @@
 // Who is connected, what happened last, and why nothing may appear.
-import { post } from './api.js';
+import { post } from './service.js';
 import { byId, setAttribute, setText } from './dom.js';
 import { confirmed } from './dialog.js';
 import { attempt } from './problem.js';

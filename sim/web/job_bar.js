@@ -1,5 +1,5 @@
 // What can be done with the chosen job: reading, copying, saving, finding its requests.
-import { getText, jobPath } from './api.js';
+import { getText, jobPath } from './service.js';
 import { copyText } from './clipboard.js';
 import { byId, element, say, setAttribute, setText } from './dom.js';
 import { openDialog } from './dialog.js';

@@ -1,5 +1,5 @@
 // The paper of one job on its strip: a picture in true proportions, and beside it what job it is.
-import { jobPath } from './api.js';
+import { jobPath } from './service.js';
 import { element, setAttribute, setText } from './dom.js';
 import { clock, jobState, length } from './text.js';
 

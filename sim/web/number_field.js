@@ -1,5 +1,5 @@
 // Numbers that people type.
-import { Refusal } from './api.js';
+import { Refusal } from './service.js';
 
 /// The field's number, or null when it is empty; a refusal for anything else.
 export function numberOrNull(field, name, remedy) {

@@ -1,5 +1,5 @@
 // The paper of all printers, as strips that grow, and the list of all jobs.
-import { get, remove } from './api.js';
+import { get, remove } from './service.js';
 import { byId } from './dom.js';
 import { setUpJobBar } from './job_bar.js';
 import { JobList } from './job_list.js';

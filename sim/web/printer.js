@@ -1,5 +1,5 @@
 // The state of one printer, and what a tester does to it.
-import { patch, post, printerPath } from './api.js';
+import { patch, post, printerPath } from './service.js';
 import { byId, element, setAttribute, setField, setText, watchTyping } from './dom.js';
 import { numberOrNull } from './number_field.js';
 import { attempt, onClick } from './problem.js';
@@ -19,8 +19,8 @@ const kFaults = [
 
 /// How a printer stands, in words.
 export function printerWord({ result, text, job }) {
-  if (result !== 0) return `${text} (${result})`;
-  return job === null ? 'ready (0)' : `printing job ${job} (0)`;
+  if (result !== 0) return `${result} ${text}`;
+  return job === null ? 'ready' : `printing job ${job}`;
 }
 
 function setUpPaper(current) {

@@ -1,9 +1,9 @@
 // What the simulator refused, shown next to the control that asked for it.
-import { Refusal } from './api.js';
+import { Refusal } from './service.js';
 import { element } from './dom.js';
 
 function groupOf(control) {
-  return control.closest('.group, .bar, .job-bar, dialog, #page-problem') ?? document.getElementById('page-problem');
+  return control.closest('.group, .group-head, .bar, .job-bar, dialog, #page-problem') ?? document.getElementById('page-problem');
 }
 
 function clear(group) {

@@ -1,5 +1,5 @@
 // Saving a job's paper as a picture, one pixel for each dot of the print head.
-import { getText, jobPath, Refusal } from './api.js';
+import { getText, jobPath, Refusal } from './service.js';
 import { element, say } from './dom.js';
 import { pngOf } from './png.js';
 

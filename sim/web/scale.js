@@ -1,5 +1,5 @@
 // The scale: its read-out and what a tester does to it.
-import { patch, post } from './api.js';
+import { patch, post } from './service.js';
 import { byId, setField, setText, watchTyping } from './dom.js';
 import { numberIn } from './number_field.js';
 import { attempt, latestOnly, onClick } from './problem.js';

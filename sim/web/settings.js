@@ -1,5 +1,5 @@
 // The table of a printer's settings; each value can be changed.
-import { patch, printerPath } from './api.js';
+import { patch, printerPath } from './service.js';
 import { element, setField, watchTyping } from './dom.js';
 import { numberIn } from './number_field.js';
 import { attempt } from './problem.js';

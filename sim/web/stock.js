@@ -1,5 +1,5 @@
 // The label stock in the printer, and what the printer believes of it.
-import { patch, post, printerPath } from './api.js';
+import { patch, post, printerPath } from './service.js';
 import { byId, drawing, setAttribute, setField, setText, watchTyping } from './dom.js';
 import { numberOrNull } from './number_field.js';
 import { attempt, onClick } from './problem.js';

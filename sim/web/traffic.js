@@ -1,5 +1,5 @@
 // Every exchange between programs and the simulator.
-import { remove } from './api.js';
+import { remove } from './service.js';
 import { copyText } from './clipboard.js';
 import { byId, say, setAttribute, setText } from './dom.js';
 import { showExchange } from './exchange.js';
