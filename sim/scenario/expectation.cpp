@@ -1,0 +1,102 @@
+#include "scenario/expectation.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <numeric>
+
+#include "base/printable.h"
+#include "scenario/json_value.h"
+
+namespace tolvex::sim {
+
+namespace {
+
+using nlohmann::json;
+
+constexpr std::size_t kMaxShownBytes = 200;
+
+std::int64_t countOf(const std::map<std::string, std::int64_t>& counts, const std::string& key) {
+  if (key.empty()) {
+    return std::accumulate(counts.begin(), counts.end(), std::int64_t{0},
+                           [](std::int64_t sum, const auto& entry) { return sum + entry.second; });
+  }
+  const auto found = counts.find(key);
+  return found == counts.end() ? 0 : found->second;
+}
+
+std::int64_t countOf(const CountExpectation& expected, const Tally& tally) {
+  switch (expected.subject) {
+    case CountExpectation::Subject::Jobs:
+      return countOf(tally.jobs, expected.key);
+    case CountExpectation::Subject::Requests:
+      return countOf(tally.requests, expected.key);
+    case CountExpectation::Subject::Results:
+      return countOf(tally.results, expected.key);
+    case CountExpectation::Subject::Connections:
+      return countOf(tally.connections, expected.key);
+    case CountExpectation::Subject::UnknownCommands:
+      break;
+  }
+  return tally.unknownCommands;
+}
+
+std::string boundsOf(const CountExpectation& expected) {
+  if (!expected.most) return "at least " + std::to_string(expected.least);
+  if (*expected.most == expected.least) return std::to_string(expected.least);
+  if (expected.least == 0) return "at most " + std::to_string(*expected.most);
+  return std::to_string(expected.least) + " to " + std::to_string(*expected.most);
+}
+
+std::string shown(const json* value) {
+  if (value == nullptr) return "nothing";
+  return printable(value->dump(-1, ' ', false, json::error_handler_t::replace), kMaxShownBytes);
+}
+
+// The member of an object, or the element of a list that has this name; null if there is none.
+const json* find(const json& value, const std::string& name) {
+  if (value.is_object()) {
+    const auto found = value.find(name);
+    return found == value.end() ? nullptr : &*found;
+  }
+  if (!value.is_array()) return nullptr;
+  const auto found = std::find_if(value.begin(), value.end(), [&](const json& element) {
+    return element.is_object() && element.value("name", json()) == name;
+  });
+  return found == value.end() ? nullptr : &*found;
+}
+
+void compare(const JsonValue& expected, const json* actual, std::vector<std::string>& differences) {
+  if (expected.isObject() && actual != nullptr && actual->is_structured()) {
+    expected.forEachMember([&](const std::string& name, const JsonValue& member) {
+      compare(member, find(*actual, name), differences);
+    });
+  } else if (actual == nullptr || expected.json() != *actual) {
+    differences.push_back(expected.place() + ": " + shown(actual) + " instead of " +
+                          shown(&expected.json()));
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> unmetCounts(const std::vector<CountExpectation>& counts,
+                                     const Tally& tally) {
+  std::vector<std::string> unmet;
+  for (const CountExpectation& expected : counts) {
+    const std::int64_t count = countOf(expected, tally);
+    if (count >= expected.least && (!expected.most || count <= *expected.most)) continue;
+    unmet.push_back(expected.place + ": " + std::to_string(count) + " instead of " +
+                    boundsOf(expected));
+  }
+  return unmet;
+}
+
+std::vector<std::string> differencesOf(std::string_view expected, std::string_view actual,
+                                       const std::string& place) {
+  const json expectedState = parseJson(expected);
+  const json actualState = parseJson(actual);
+  std::vector<std::string> differences;
+  compare(JsonValue(expectedState, place), &actualState, differences);
+  return differences;
+}
+
+}  // namespace tolvex::sim
