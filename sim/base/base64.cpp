@@ -36,4 +36,26 @@ std::string base64Of(std::string_view bytes) {
   return text;
 }
 
+std::optional<std::string> bytesOfBase64(std::string_view text) {
+  if (text.size() % kGroupDigits != 0) return std::nullopt;
+  const std::size_t padding = text.size() - (text.find_last_not_of('=') + 1);
+  if (padding > 2) return std::nullopt;
+  const std::string_view digits(kDigits);
+  std::string bytes;
+  std::uint32_t kept = 0;  // bits that no byte has taken yet
+  std::size_t bits = 0;
+  for (const char c : text.substr(0, text.size() - padding)) {
+    const auto value = digits.find(c);
+    if (value == std::string_view::npos) return std::nullopt;
+    kept = (kept << 6U) | static_cast<std::uint32_t>(value);
+    bits += 6;
+    if (bits < 8) continue;
+    bits -= 8;
+    bytes += static_cast<char>(kept >> bits);
+    kept &= (1U << bits) - 1;
+  }
+  if (kept != 0) return std::nullopt;
+  return bytes;
+}
+
 }  // namespace tolvex::sim

@@ -45,6 +45,15 @@ char32_t takeCharacter(std::string_view& text) {
   return character;
 }
 
+bool isUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const std::size_t before = text.size();
+    // The replacement character itself has three bytes.
+    if (takeCharacter(text) == kReplacementCharacter && before - text.size() == 1) return false;
+  }
+  return true;
+}
+
 void appendUtf8(std::string& text, char32_t character) {
   const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
   if (character < 0x80) {

@@ -13,6 +13,9 @@ constexpr char32_t kReplacementCharacter = 0xFFFD;
 /// character (an overlong form or a surrogate included) is taken alone, as U+FFFD.
 char32_t takeCharacter(std::string_view& text);
 
+/// True for text that is well-formed to its end.
+bool isUtf8(std::string_view text);
+
 /// Appends the character, one of Unicode's.
 void appendUtf8(std::string& text, char32_t character);
 

@@ -21,5 +21,19 @@ TEST(Base64, TakesBytesOfEveryValue) {
   EXPECT_EQ(base64Of(std::string_view("\xFB\0", 2)), "+wA=");
 }
 
+TEST(Base64, GivesTheBytesBack) {
+  const std::string bytes("\0\xFF\x80 text\n", 9);
+  for (std::size_t length = 0; length <= bytes.size(); ++length) {
+    EXPECT_EQ(bytesOfBase64(base64Of(bytes.substr(0, length))), bytes.substr(0, length));
+  }
+}
+
+TEST(Base64, OtherTextHasNoBytes) {
+  for (const char* text :
+       {"Z", "Zg", "Zg=", "Z===", "====", "Zg==Zg==", "Zg=a", "Zm9v\n", "Zm9-", "Zh=="}) {
+    EXPECT_FALSE(bytesOfBase64(text)) << text;
+  }
+}
+
 }  // namespace
 }  // namespace tolvex::sim

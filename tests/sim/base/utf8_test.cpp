@@ -51,5 +51,14 @@ TEST(Utf8, WritesCharactersOfEveryLength) {
             "a\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xEF\xBF\xBF\xF0\x90\x80\x80\xF4\x8F\xBF\xBF");
 }
 
+TEST(Utf8, WellFormedTextIsKnown) {
+  for (const char* text : {"", "abc", "K\xC3\xA4se", "\xEF\xBF\xBD", "\xF0\x9F\x9B\x92"}) {
+    EXPECT_TRUE(isUtf8(text)) << text;
+  }
+  for (const char* text : {"\xFF", "K\xE4se", "\xC3", "\xC0\x80", "\xED\xA0\x80", "a\xEF\xBF"}) {
+    EXPECT_FALSE(isUtf8(text)) << text;
+  }
+}
+
 }  // namespace
 }  // namespace tolvex::sim
