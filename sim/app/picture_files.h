@@ -1,6 +1,7 @@
 // Pictures from the disk.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -10,7 +11,7 @@
 namespace tolvex::sim {
 
 /// Largest file that is read, in bytes.
-constexpr long long kMaxPictureFile = 64LL << 20U;
+constexpr std::size_t kMaxPictureFile = std::size_t{64} << 20U;
 
 /// Reads and decodes a picture file. `path` is UTF-8 on every system; a relative one counts from
 /// the folder that the program works in. Nothing for what is no regular file, can not be read, is

@@ -92,8 +92,8 @@ std::vector<std::string> unmetCounts(const std::vector<CountExpectation>& counts
 
 std::vector<std::string> differencesOf(std::string_view expected, std::string_view actual,
                                        const std::string& place) {
-  const json expectedState = parseJson(expected);
-  const json actualState = parseJson(actual);
+  const json expectedState = readJson(expected);
+  const json actualState = readJson(actual);
   std::vector<std::string> differences;
   compare(JsonValue(expectedState, place), &actualState, differences);
   return differences;

@@ -116,7 +116,7 @@ void JsonValue::refuse(const std::string& what, const std::string& remedy) const
   throw Refusal(place_, what, remedy);
 }
 
-json parseJson(std::string_view text) {
+json readJson(std::string_view text) {
   try {
     return json::parse(text);
   } catch (const json::parse_error& error) {

@@ -45,6 +45,6 @@ class JsonValue {
 };
 
 /// Reads a document in UTF-8. Refuses what is no JSON, with line and column as the place.
-nlohmann::json parseJson(std::string_view text);
+nlohmann::json readJson(std::string_view text);
 
 }  // namespace tolvex::sim

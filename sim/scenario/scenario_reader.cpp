@@ -140,7 +140,7 @@ std::vector<Step> readSteps(const JsonValue& value, int depth) {
 }  // namespace
 
 Scenario parseScenario(std::string_view text) {
-  const nlohmann::json document = parseJson(text);
+  const nlohmann::json document = readJson(text);
   const JsonValue root(document, "");
   root.allow({"initial", "steps", "expect"});
   Scenario scenario;
