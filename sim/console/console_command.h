@@ -43,8 +43,10 @@ constexpr std::size_t kMaxEchoBytes = 40;
 std::string wordsForFaults(const Devices& devices);
 std::string wordsForPrinters(const Devices& devices);
 
-/// The commands for the scale, and for the printers and the drawer. The tables are static.
+/// The commands for the scale, for the paper in the printers, and for the printers and the drawer.
+/// The tables are static.
 const ConsoleTable& scaleConsoleCommands();
+const ConsoleTable& paperConsoleCommands();
 const ConsoleTable& printerConsoleCommands();
 
 }  // namespace tolvex::sim

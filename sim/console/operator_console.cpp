@@ -25,8 +25,9 @@ std::string help(const ConsoleContext& context, const ConsoleArguments& argument
 
 ConsoleTable makeTable() {
   ConsoleTable table = scaleConsoleCommands();
-  const ConsoleTable& printers = printerConsoleCommands();
-  table.insert(table.end(), printers.begin(), printers.end());
+  for (const ConsoleTable* more : {&printerConsoleCommands(), &paperConsoleCommands()}) {
+    table.insert(table.end(), more->begin(), more->end());
+  }
   table.push_back({"help", "", 0, 0, help});
   table.push_back({"quit", "", 0, 0, quit});
   return table;

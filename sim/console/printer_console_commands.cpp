@@ -5,6 +5,7 @@
 #include "base/list.h"
 #include "base/printable.h"
 #include "console/console_command.h"
+#include "console/printer_argument.h"
 #include "paper/render.h"
 
 namespace tolvex::sim {
@@ -14,11 +15,6 @@ namespace {
 // More than the widest line in the smallest font.
 constexpr std::size_t kMaxLineBytes = 2048;
 
-std::string unknownPrinter(const ConsoleContext& context, const std::string& name) {
-  return "error: unknown printer \"" + printable(name, kMaxEchoBytes) + "\"; " +
-         wordsForPrinters(context.devices);
-}
-
 std::string unknownFault(const ConsoleContext& context, const std::string& name) {
   return "error: unknown fault \"" + printable(name, kMaxEchoBytes) + "\"; " +
          wordsForFaults(context.devices);
@@ -26,14 +22,6 @@ std::string unknownFault(const ConsoleContext& context, const std::string& name)
 
 std::string wordsForFaultsAndPrinters(const Devices& devices) {
   return wordsForFaults(devices) + "; " + wordsForPrinters(devices);
-}
-
-// The printer that the argument at `index` names, or the default one without it.
-Printer* printerAt(const ConsoleContext& context, const ConsoleArguments& arguments,
-                   std::size_t index) {
-  Printers& printers = context.devices.printers;
-  return arguments.size() > index ? printers.findName(arguments[index])
-                                  : &printers.defaultPrinter();
 }
 
 std::string fault(const ConsoleContext& context, const ConsoleArguments& arguments) {
@@ -49,8 +37,7 @@ std::string fault(const ConsoleContext& context, const ConsoleArguments& argumen
   Printer* printer = printerAt(context, arguments, 2);
   if (printer == nullptr) return unknownPrinter(context, arguments[2]);
   printer->setFault(row->fault, state == "on");
-  return "ok " + printer->name() + " " + name + " " + state + ", state " +
-         toText(printer->status()) + " " + message(printer->status());
+  return "ok " + printer->name() + " " + name + " " + state + ", " + stateOf(*printer);
 }
 
 std::string faultsOf(const Printer& printer) {
@@ -72,10 +59,10 @@ std::string widthOf(const Printer& printer) {
 
 std::string describe(const Printer& printer) {
   std::ostringstream line;
-  line << printer.name() << ", type " << printer.type() << ", state " << toText(printer.status())
-       << " " << message(printer.status());
+  line << printer.name() << ", type " << printer.type() << ", " << stateOf(printer);
   if (const std::string faults = faultsOf(printer); !faults.empty()) line << " (" << faults << ")";
-  line << ", prints " << widthOf(printer);
+  line << ", prints " << widthOf(printer) << ", " << paperLeftOf(printer);
+  if (printer.hasLabels()) line << ", " << labelsOf(printer);
   if (printer.hasLabels()) line << (printer.knowsLabelGap() ? ", label gap known" : "");
   if (printer.knowsPaperEnd()) line << ", paper end known";
   if (printer.job() != nullptr) {

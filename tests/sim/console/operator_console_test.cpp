@@ -8,8 +8,11 @@ namespace tolvex::sim {
 namespace {
 
 constexpr char kCommands[] =
-    "load KG, empty, invalid on|off, unplug, plug, status, fault NAME on|off [PRINTER], printers, "
-    "settings [PRINTER], paper [PRINTER], tear [PRINTER], drawer [close], help, quit";
+    "load KG, empty, invalid on|off, unstable on|off, noise KG, settling SECONDS, unplug, plug, "
+    "zero, tare [KG], clear-tare, status, fault NAME on|off [PRINTER], printers, "
+    "settings [PRINTER], paper [PRINTER], tear [PRINTER], drawer [close], "
+    "load-paper [MM|endless] [PRINTER], paper-left MM|endless [PRINTER], "
+    "stock gap|mark|continuous [LABEL_MM GAP_MM [POSITION_MM]], calibrate [PRINTER], help, quit";
 
 class OperatorConsoleTest : public ::testing::Test {
  protected:

@@ -67,9 +67,10 @@ TEST_F(PrinterConsoleTest, WrongWordsAreExplained) {
 TEST_F(PrinterConsoleTest, PrintersShowTheirState) {
   EXPECT_EQ(type("printers"),
             "ok printers, 3 lines\n"
-            "Label, type 0, state 0 OK, prints 448 dots\n"
-            "Ticket, type 1, state 0 OK, prints 576 dots\n"
-            "Third, type 2, state 0 OK, prints 576 dots");
+            "Label, type 0, state 0 OK, prints 448 dots, endless paper, stock gap 40+3 mm at 0 mm, "
+            "learnt gap 40+3 mm at 0 mm, in register\n"
+            "Ticket, type 1, state 0 OK, prints 576 dots, endless paper\n"
+            "Third, type 2, state 0 OK, prints 576 dots, endless paper");
   label_.calibrateLabelGap();
   label_.calibratePaperEnd();
   label_.printText("x", 24);
@@ -78,21 +79,25 @@ TEST_F(PrinterConsoleTest, PrintersShowTheirState) {
   ticket_.set(Setting::PaperWidth, 384);
   ticket_.setFault(PrinterFault::Busy, true);
   ticket_.setFault(PrinterFault::HeadHot, true);
-  EXPECT_EQ(type("printers"),
-            "ok printers, 3 lines\n"
-            "Label, type 0, state 0 OK, prints 448 dots, label gap known, paper end known, "
-            "job 1 finished\n"
-            "Ticket, type 1, state 2007 Print Head is Hot (hot, busy), prints 576 dots, "
-            "384 from the next job on, job 2 printing\n"
-            "Third, type 2, state 0 OK, prints 576 dots");
+  EXPECT_EQ(
+      type("printers"),
+      "ok printers, 3 lines\n"
+      "Label, type 0, state 0 OK, prints 448 dots, endless paper, stock gap 40+3 mm at 3.75 mm, "
+      "learnt gap 40+3 mm at 3.75 mm, in register, label gap known, paper end known, "
+      "job 1 finished\n"
+      "Ticket, type 1, state 2007 Print Head is Hot (hot, busy), prints 576 dots, "
+      "384 from the next job on, endless paper, job 2 printing\n"
+      "Third, type 2, state 0 OK, prints 576 dots, endless paper");
   ticket_.tearOff();
   ticket_.setFault(PrinterFault::HeadHot, false);
-  EXPECT_EQ(type("printers"),
-            "ok printers, 3 lines\n"
-            "Label, type 0, state 0 OK, prints 448 dots, label gap known, paper end known, "
-            "job 1 finished\n"
-            "Ticket, type 1, state 2005 Printer is Busy (busy), prints 384 dots\n"
-            "Third, type 2, state 0 OK, prints 576 dots");
+  EXPECT_EQ(
+      type("printers"),
+      "ok printers, 3 lines\n"
+      "Label, type 0, state 0 OK, prints 448 dots, endless paper, stock gap 40+3 mm at 3.75 mm, "
+      "learnt gap 40+3 mm at 3.75 mm, in register, label gap known, paper end known, "
+      "job 1 finished\n"
+      "Ticket, type 1, state 2005 Printer is Busy (busy), prints 384 dots, endless paper\n"
+      "Third, type 2, state 0 OK, prints 576 dots, endless paper");
 }
 
 TEST_F(PrinterConsoleTest, SettingsShowThemAll) {
