@@ -104,16 +104,19 @@ ResultCode Printer::print(std::vector<PaperItem> items) {
   return isPrinting() ? put(std::move(items)) : beginJob(std::move(items));
 }
 
-// Before it is known that something can be printed, there is no job.
+// There is no job before it is known that something can be printed. A job that follows another one
+// begins with a label, as the printer believes; what is left of the label before is not fed on the
+// account of that job.
 ResultCode Printer::beginJob(std::vector<PaperItem> items) {
   if (const ResultCode code = status(); code != ResultCode::Ok) return code;
-  if (!newJob()->fits(items)) return ResultCode::TooMuchToPrint;
-  if (job_ && !goToNextLabel()) return ResultCode::OutOfPaper;
-  auto job = newJob();
-  const Paper& paper = job->paper();
-  const int needed = paper.topFor(items.front()) - paper.length() + leastHeightOf(items.front());
-  if (!reaches(needed)) return ResultCode::OutOfPaper;
-  beginFreshPaper(std::move(job));
+  auto fresh = newJob();
+  if (!fresh->fits(items)) return ResultCode::TooMuchToPrint;
+  const int toNextLabel = job_ ? restOfLabel() : 0;
+  const Paper& paper = fresh->paper();
+  const int skipped = job_ ? toNextLabel : paper.topFor(items.front()) - paper.length();
+  if (!reaches(skipped + leastHeightOf(items.front()))) return ResultCode::OutOfPaper;
+  if (supply_.advance(toNextLabel) > 0) fresh = newJob();
+  beginFreshPaper(std::move(fresh));
   const ResultCode code = layDown(std::move(items));
   log_->add(job_);
   return code;
@@ -193,7 +196,7 @@ void Printer::endJob() {
 
 void Printer::tearOff() {
   takePaperAway();
-  supply_.advance(hasLabels() ? learnt()->toNextLabel() : 0);
+  supply_.advance(restOfLabel());
 }
 
 void Printer::takePaperAway() {
@@ -231,14 +234,8 @@ bool Printer::reaches(int dots) {
   return false;
 }
 
-// To the next label, as the printer believes, with paper below the head to print on. What is left
-// of a label is not fed on the account of the job before.
-bool Printer::goToNextLabel() {
-  const int distance = hasLabels() ? learnt()->toNextLabel() : 0;
-  if (!reaches(distance + 1)) return false;
-  supply_.advance(distance);
-  return true;
-}
+// Up to the next label, as the printer believes.
+int Printer::restOfLabel() const { return hasLabels() ? learnt()->toNextLabel() : 0; }
 
 ResultCode Printer::cut(int percent) {
   if (percent < 1 || percent > kWholeWidthPercent) return ResultCode::InvalidParam;
@@ -252,7 +249,7 @@ ResultCode Printer::cut(int percent) {
     log_->changed(*job_);
   }
   beginFreshPaper(nullptr);
-  supply_.advance(hasLabels() ? learnt()->toNextLabel() : 0);
+  supply_.advance(restOfLabel());
   return ResultCode::Ok;
 }
 

@@ -154,7 +154,7 @@ class Printer {
   void layDownToTheEnd(PaperItem item);
   ResultCode feedDots(int dots);
   bool reaches(int dots);
-  bool goToNextLabel();
+  int restOfLabel() const;
   void takePaperAway();
   void beginFreshPaper(std::shared_ptr<Job> job);
 

@@ -214,6 +214,11 @@ TEST_F(PaperLeft, ThatEndsAfterAFinishedJobEndsOnItsPaper) {
   label_.finishJob();
   EXPECT_EQ(label_.printText("d", 24), ResultCode::OutOfPaper);
   EXPECT_EQ(paperOf(2), (Items{"\"c\"@24", "feed 314", "end of roll"}));
+  label_.loadPaper(344 + 29);
+  label_.printText("e", 24);
+  label_.finishJob();
+  EXPECT_EQ(label_.printText("f", 24), ResultCode::OutOfPaper);
+  EXPECT_EQ(paperOf(3), (Items{"\"e\"@24", "feed 343", "end of roll"}));
 }
 
 TEST_F(PaperLeft, FreshPaperEndsAsWell) {

@@ -118,6 +118,28 @@ TEST_F(PrintJobCommands, RefuseTooMuch) {
   EXPECT_EQ(devices_.printers.jobs().newest(), nullptr);
 }
 
+TEST_F(PrintJobCommands, MayReachTheEndOfThePaper) {
+  devices_.printers.findType(1)->setPaperLeft(100);
+  EXPECT_EQ(
+      send("printtext", {{"printerType", "1"}, {"fontsize", "24"}, {"text", "a\\nb\\nc\\nd"}}),
+      "2006");
+  EXPECT_EQ(paperOf("Ticket"),
+            (Items{"\"a\"@24", "\"b\"@24", "\"c\"@24", "feed 10", "end of roll"}));
+  EXPECT_EQ(send("printerStatus", {{"printerType", "1"}}), "2006");
+  EXPECT_EQ(send("beginPrint", {{"printerType", "1"}}), "2006");
+  devices_.printers.findType(1)->loadPaper(std::nullopt);
+  EXPECT_EQ(send("beginPrint", {{"printerType", "1"}}), "0");
+}
+
+TEST_F(PrintJobCommands, CalibrateTheKindOfGapThatIsSet) {
+  Printer& label = *devices_.printers.findType(0);
+  label.setStock({StockKind::Mark, 240, 16});
+  EXPECT_EQ(send("calibrateLabelGap", {{"printerType", "0"}}), "2003");
+  EXPECT_EQ(send("setGapType", {{"printerType", "0"}, {"gapType", "2"}}), "0");
+  EXPECT_EQ(send("calibrateLabelGap", {{"printerType", "0"}}), "0");
+  EXPECT_TRUE(label.isInRegister());
+}
+
 TEST_F(PrintJobCommands, OnlyTheLabelPrinterHasALabelGap) {
   EXPECT_EQ(send("calibrateLabelGap", {{"printerType", "0"}}), "0");
   EXPECT_EQ(send("calibrateLabelGap", {{"printerType", "100"}}), "2003");
