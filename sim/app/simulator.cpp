@@ -155,7 +155,7 @@ void serve(const Options& options) {
   JobKeeper keeper(options, devices.printers);
   devices.printers.jobs().listen([&keeper](const Job& job) { keeper.keep(job); });
   wakeFeedsOnChange(server, simulation);
-  OperatorConsole console(devices, [&server] { server.stop(); });
+  OperatorConsole console(devices, simulation.faults, [&server] { server.stop(); });
   std::unique_ptr<InputReader> reader;
   if (options.console) {
     reader = std::make_unique<InputReader>([&](std::string line) {

@@ -8,12 +8,14 @@
 
 #include "base/clock.h"
 #include "devices/devices.h"
+#include "faults/fault_board.h"
 
 namespace tolvex::sim {
 
 /// What an operator command works on. The references outlive the call.
 struct ConsoleContext {
   Devices& devices;
+  FaultBoard& faults;
   const std::function<void()>& quit;
   TimePoint now;
 };
@@ -43,10 +45,11 @@ constexpr std::size_t kMaxEchoBytes = 40;
 std::string wordsForFaults(const Devices& devices);
 std::string wordsForPrinters(const Devices& devices);
 
-/// The commands for the scale, for the paper in the printers, and for the printers and the drawer.
-/// The tables are static.
+/// The commands for the scale, for the paper in the printers, for the printers and the drawer, and
+/// for the wire. The tables are static.
 const ConsoleTable& scaleConsoleCommands();
 const ConsoleTable& paperConsoleCommands();
 const ConsoleTable& printerConsoleCommands();
+const ConsoleTable& wireConsoleCommands();
 
 }  // namespace tolvex::sim

@@ -7,6 +7,7 @@
 #include "base/list.h"
 #include "base/printable.h"
 #include "console/console_command.h"
+#include "console/fault_words.h"
 
 namespace tolvex::sim {
 
@@ -25,7 +26,8 @@ std::string help(const ConsoleContext& context, const ConsoleArguments& argument
 
 ConsoleTable makeTable() {
   ConsoleTable table = scaleConsoleCommands();
-  for (const ConsoleTable* more : {&printerConsoleCommands(), &paperConsoleCommands()}) {
+  for (const ConsoleTable* more :
+       {&printerConsoleCommands(), &paperConsoleCommands(), &wireConsoleCommands()}) {
     table.insert(table.end(), more->begin(), more->end());
   }
   table.push_back({"help", "", 0, 0, help});
@@ -46,7 +48,7 @@ std::string listOfCommands() {
 
 std::string help(const ConsoleContext& context, const ConsoleArguments&) {
   return "ok commands: " + listOfCommands() + "; " + wordsForFaults(context.devices) + "; " +
-         wordsForPrinters(context.devices);
+         wordsForPrinters(context.devices) + "; " + wordsForKinds();
 }
 
 std::vector<std::string> splitWords(std::string_view line) {
@@ -58,8 +60,8 @@ std::vector<std::string> splitWords(std::string_view line) {
 
 }  // namespace
 
-OperatorConsole::OperatorConsole(Devices& devices, std::function<void()> quit)
-    : devices_(devices), quit_(std::move(quit)) {}
+OperatorConsole::OperatorConsole(Devices& devices, FaultBoard& faults, std::function<void()> quit)
+    : devices_(devices), faults_(faults), quit_(std::move(quit)) {}
 
 std::string OperatorConsole::execute(std::string_view line, TimePoint now) {
   std::vector<std::string> words = splitWords(line);
@@ -78,7 +80,7 @@ std::string OperatorConsole::execute(std::string_view line, TimePoint now) {
     return "error: the command is: " + usage(*command) +
            (command->words == nullptr ? "" : "; " + command->words(devices_));
   }
-  return command->handle({devices_, quit_, now}, words);
+  return command->handle({devices_, faults_, quit_, now}, words);
 }
 
 }  // namespace tolvex::sim

@@ -1,4 +1,4 @@
-// What the operator can do to the devices by typing.
+// What the operator can do to the devices and to the wire by typing.
 #pragma once
 
 #include <functional>
@@ -10,12 +10,13 @@
 namespace tolvex::sim {
 
 struct Devices;
+class FaultBoard;
 
-/// Carries out one line of operator input at a time. Not thread-safe; the devices must outlive it.
+/// Carries out one line of operator input at a time. Not thread-safe; the references must outlive it.
 class OperatorConsole {
  public:
   /// `quit` is called by the command of that name.
-  OperatorConsole(Devices& devices, std::function<void()> quit);
+  OperatorConsole(Devices& devices, FaultBoard& faults, std::function<void()> quit);
 
   /// Carries out one command and returns the answer without its last line end: "ok ..." or
   /// "error: ..." with what would have been right. An answer of several lines says in its first one
@@ -24,6 +25,7 @@ class OperatorConsole {
 
  private:
   Devices& devices_;
+  FaultBoard& faults_;
   std::function<void()> quit_;
 };
 

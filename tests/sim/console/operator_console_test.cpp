@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "devices/devices.h"
+#include "faults/fault_board.h"
 
 namespace tolvex::sim {
 namespace {
@@ -12,7 +13,8 @@ constexpr char kCommands[] =
     "zero, tare [KG], clear-tare, status, fault NAME on|off [PRINTER], printers, "
     "settings [PRINTER], paper [PRINTER], tear [PRINTER], drawer [close], "
     "load-paper [MM|endless] [PRINTER], paper-left MM|endless [PRINTER], "
-    "stock gap|mark|continuous [LABEL_MM GAP_MM [POSITION_MM]], calibrate [PRINTER], help, quit";
+    "stock gap|mark|continuous [LABEL_MM GAP_MM [POSITION_MM]], calibrate [PRINTER], "
+    "wire [KIND [KEY=VALUE ...] | off [NUMBER]], help, quit";
 
 class OperatorConsoleTest : public ::testing::Test {
  protected:
@@ -23,7 +25,8 @@ class OperatorConsoleTest : public ::testing::Test {
   Devices devices_;
   Scale& scale_{devices_.scale};
   bool quit_ = false;
-  OperatorConsole console_{devices_, [this] { quit_ = true; }};
+  FaultBoard faults_;
+  OperatorConsole console_{devices_, faults_, [this] { quit_ = true; }};
 };
 
 TEST_F(OperatorConsoleTest, LoadPutsALoadOnTheScale) {
@@ -95,10 +98,13 @@ TEST_F(OperatorConsoleTest, StatusTellsATareByKey) {
 }
 
 TEST_F(OperatorConsoleTest, HelpNamesTheCommandsAndTheirWords) {
-  EXPECT_EQ(type("help"),
-            std::string("ok commands: ") + kCommands +
-                "; the faults are: unplugged, abnormal, illegal-head, out-of-paper, hot, busy"
-                "; the printers are: Label, Ticket, Third");
+  EXPECT_EQ(
+      type("help"),
+      std::string("ok commands: ") + kCommands +
+          "; the faults are: unplugged, abnormal, illegal-head, out-of-paper, hot, busy"
+          "; the printers are: Label, Ticket, Third"
+          "; the faults on the wire are: delay, no-answer, close, reset, two-pieces, garbage, "
+          "oversized, wrong-type, result, refuse");
 }
 
 TEST_F(OperatorConsoleTest, QuitEndsTheSimulator) {

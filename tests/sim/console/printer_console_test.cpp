@@ -3,6 +3,7 @@
 
 #include "console/operator_console.h"
 #include "devices/devices.h"
+#include "faults/fault_board.h"
 
 namespace tolvex::sim {
 namespace {
@@ -14,7 +15,8 @@ class PrinterConsoleTest : public ::testing::Test {
   Devices devices_;
   Printer& label_{*devices_.printers.findName("Label")};
   Printer& ticket_{*devices_.printers.findName("Ticket")};
-  OperatorConsole console_{devices_, [] {}};
+  FaultBoard faults_;
+  OperatorConsole console_{devices_, faults_, [] {}};
 };
 
 TEST_F(PrinterConsoleTest, FaultsComeAndGo) {
