@@ -59,6 +59,17 @@ expect_reply() {
   [ "$reply}" = "$3" ] || fail "reply \"$reply}\" instead of \"$3\""
 }
 
+# One request on a connection of its own, which has to end without a reply.
+expect_end() {
+  local connection reply
+  exec {connection}<>"/dev/tcp/127.0.0.1/$1" || fail "cannot connect to port $1"
+  printf '%s' "$2" >&"$connection"
+  IFS= read -r -t 60 -d '}' reply <&"$connection"
+  [ $? -eq 1 ] || fail "no end of the connection"
+  exec {connection}>&-
+  [ -z "$reply" ] || fail "reply \"$reply\" instead of an end"
+}
+
 # Requests on one connection, one after another, each of which has to be answered with success.
 expect_ok() {
   local connection reply request
@@ -194,6 +205,31 @@ device. Jobs are printed all the same, but not kept. Make room there, or choose 
     expect_line '^ok stopping$'
     expect_line '^zelkad-sim: stopped$'
     expect_exit 0
+    ;;
+  wire_faults)
+    start "${any_ports[@]}" --console
+    echo 'wire result code=2006 command=opencashbox times=1' >&"$input"
+    expect_line '^ok fault 1: result command=opencashbox code=2006 times=1$'
+    open='{"cmd":"opencashbox"}'
+    expect_reply "$printing" "$open" '{"result":"2006"}'
+    expect_line '^printing 127\.0\.0\.1:[0-9]+ \{"cmd":"opencashbox"\} -> \{"result":"2006"\} \[result\]$'
+    expect_reply "$printing" "$open" "$ok"
+    expect_line '^printing 127\.0\.0\.1:[0-9]+ \{"cmd":"opencashbox"\} -> \{"result":"0"\}$'
+    echo drawer >&"$input"
+    expect_line '^ok drawer open, openings 1$'
+    echo 'wire close port=weighing' >&"$input"
+    expect_line '^ok fault 2: close port=weighing$'
+    expect_end "$weighing" "$check"
+    expect_line '^weighing 127\.0\.0\.1:[0-9]+ .* -> \(closed\) \[close\]$'
+    printf 'wire off\nwire refuse port=weighing\n' >&"$input"
+    expect_line '^ok no faults on the wire$'
+    expect_line '^ok fault 3: refuse port=weighing$'
+    (exec {connection}<>"/dev/tcp/127.0.0.1/$weighing") 2>/dev/null && fail "not refused"
+    expect_reply "$printing" "$open" "$ok"
+    expect_line '^printing .*"opencashbox"'
+    echo 'wire off 3' >&"$input"
+    expect_line '^ok fault 3 is off$'
+    expect_reply "$weighing" "$check" "$ok"
     ;;
   no_console)
     start "${any_ports[@]}"
