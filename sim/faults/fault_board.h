@@ -35,7 +35,7 @@ class FaultBoard {
   /// they were before; counts each of them down. `command` is empty for what is no command.
   std::vector<FaultRule> take(Half half, std::string_view command);
 
-  /// Whether a rule refuses connections to this port, and whether it closes those that exist.
+  /// Whether a rule refuses connections to this port, and whether it resets those that exist.
   bool refuses(Half half) const;
   bool drops(Half half) const;
 

@@ -65,7 +65,7 @@ struct FaultRule {
   std::size_t bytes = 0;
   /// Result: the code, any 32-bit number.
   std::int64_t code = 0;
-  /// Refuse: connections that exist are closed as well.
+  /// Refuse: connections that exist are reset as well.
   bool dropsConnections = true;
 };
 

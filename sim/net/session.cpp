@@ -56,10 +56,10 @@ void Session::start() {
   read();
 }
 
-// The pending operation ends with an error then, and the session with it.
+// The pending operation ends with an error then, and the session with it. An orderly end would leave
+// connections behind that wait for their clients, and keep Windows from opening the port again.
 void Session::drop() {
-  error_code ignored;
-  socket_.close(ignored);
+  reset();
   timer_.cancel();
 }
 

@@ -25,7 +25,7 @@ class Session : public std::enable_shared_from_this<Session> {
 
   void start();
 
-  /// Closes the connection at once, whatever is under way.
+  /// Resets the connection at once, whatever is under way.
   void drop();
 
  private:

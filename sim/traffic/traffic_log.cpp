@@ -128,6 +128,7 @@ void TrafficLog::changed(TrafficEntry& entry) {
   entry.change = ++changes_;
   history_.push_back({entry.change, entry.number});
   while (!isLatest(history_.front())) history_.pop_front();
+  if (listeners_.empty()) return;
   // A listener may change the log, and with it the entry.
   const TrafficEntry copy = entry;
   for (std::size_t i = 0; i < listeners_.size(); ++i) listeners_[i](copy);

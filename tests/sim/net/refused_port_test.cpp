@@ -55,7 +55,7 @@ TEST_F(RefusedPort, LosesItsConnectionsAndTheOtherPortKeepsIts) {
   EXPECT_EQ(printing.ask(kList), kListReply);
   EXPECT_EQ(connections(Half::Weighing), 1U);
   refuse(Half::Weighing);
-  EXPECT_EQ(weighing.awaitEnd(), TestClient::End::Closed);
+  EXPECT_EQ(weighing.awaitEnd(), TestClient::End::Reset);
   EXPECT_EQ(printing.ask(kList), kListReply);
   awaitNoClients(Half::Weighing);
   EXPECT_EQ(connections(Half::Printing), 1U);
@@ -67,8 +67,12 @@ TEST_F(RefusedPort, MayKeepItsConnections) {
   refuse(Half::Weighing, false);
   EXPECT_TRUE(TestClient::isRefused(weighingPort_));
   EXPECT_EQ(before.ask(kCheck), kOk);
+  mend();
+  EXPECT_EQ(TestClient(weighingPort_).ask(kCheck), kOk);
+  EXPECT_EQ(before.ask(kCheck), kOk);
+  refuse(Half::Weighing, false);
   refuse(Half::Weighing, true);
-  EXPECT_EQ(before.awaitEnd(), TestClient::End::Closed);
+  EXPECT_EQ(before.awaitEnd(), TestClient::End::Reset);
 }
 
 TEST_F(RefusedPort, LosesWhatIsUnderWay) {
@@ -79,7 +83,7 @@ TEST_F(RefusedPort, LosesWhatIsUnderWay) {
   client.send(kCheck);
   await([this] { return !traffic_.entries().empty(); });
   refuse(Half::Weighing);
-  client.awaitEnd();
+  EXPECT_EQ(client.awaitEnd(), TestClient::End::Reset);
   awaitNoClients(Half::Weighing);
   EXPECT_EQ(onServer([this] { return traffic_.entries().front().outcome; }), Outcome::Lost);
 }
