@@ -142,8 +142,13 @@ std::string partingBytes(int number) {
   return kinds[static_cast<std::size_t>(number) % kinds.size()];
 }
 
-TEST_F(Crowd, TenThousandConnectionsInTurnLeaveNothingBehind) {
-  constexpr int kConnections = 10'000;
+#ifdef _WIN32  // under Wine each of them takes many milliseconds
+constexpr int kConnections = 500;
+#else
+constexpr int kConnections = 10'000;
+#endif
+
+TEST_F(Crowd, ThousandsOfConnectionsInTurnLeaveNothingBehind) {
   for (const std::uint16_t port : {weighingPort_, printingPort_}) {
     for (int i = 0; i < kConnections; ++i) {
       TestClient client(port);

@@ -37,9 +37,10 @@ class TestClient {
   /// Receives until the server closes.
   std::string receiveAll();
 
-  /// Waits for the end of the connection and says which one it is. Bytes that come instead throw.
+  /// Waits for the end of the connection and says whether it is this one. Bytes that come instead
+  /// throw.
   enum class End { Closed, Reset };
-  End awaitEnd();
+  bool endsWith(End end);
 
   /// Whether the system refuses connections to this port.
   static bool isRefused(std::uint16_t port);
