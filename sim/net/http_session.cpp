@@ -30,13 +30,8 @@ using boost::system::error_code;
 
 constexpr std::size_t kMaxHeaderBytes = 16 * 1024;
 constexpr std::size_t kMaxBodyBytes = 1024 * 1024;
-constexpr std::chrono::seconds kIdle{60};
-constexpr std::chrono::seconds kRequestTime{30};
-constexpr std::chrono::seconds kResponseTime{30};
 // Far more than any site takes; until then the connection lives as long as its client.
 constexpr std::chrono::hours kAnswerTime{24};
-// How long a connection that is being closed waits for its client to stop sending.
-constexpr std::chrono::seconds kFarewell{2};
 
 constexpr char kContinue[] = "HTTP/1.1 100 Continue\r\n\r\n";
 
@@ -72,7 +67,7 @@ class HttpSession : public std::enable_shared_from_this<HttpSession> {
   };
   using Parser = http::request_parser<http::string_body>;
 
-  void limit(std::chrono::seconds time);
+  void limit(WebTimes::Time time);
   void expire();
   void read();
   void take(error_code error, std::size_t count);
@@ -121,7 +116,7 @@ void HttpSession::refuse(const HttpResponse& response) {
   respond(response);
 }
 
-void HttpSession::limit(std::chrono::seconds time) {
+void HttpSession::limit(WebTimes::Time time) {
   deadline_.expires_after(time);
   deadline_.async_wait([self = shared_from_this()](error_code error) {
     // A limit that was set anew while this one was on its way has not passed.
@@ -133,7 +128,9 @@ void HttpSession::limit(std::chrono::seconds time) {
 void HttpSession::expire() {
   if (state_ != State::Reading || !begun_) return close();
   keepAlive_ = false;
-  respond(httpError(408, "the request did not arrive as a whole within 30 seconds",
+  respond(httpError(408,
+                    "the request did not arrive as a whole within " +
+                        std::to_string(host_->times.request.count()) + " ms",
                     "Send it again, all at once."));
 }
 
@@ -180,7 +177,7 @@ void HttpSession::beginRequest() {
   parser_->eager(true);
   begun_ = false;
   headChecked_ = false;
-  limit(kIdle);
+  limit(host_->times.idle);
   parse();
 }
 
@@ -190,7 +187,7 @@ void HttpSession::parse() {
     unread_.erase(0, std::min(unread_.find_first_not_of("\r\n"), unread_.size()));
     if (!unread_.empty()) {
       begun_ = true;
-      limit(kRequestTime);
+      limit(host_->times.request);
     }
   }
   error_code error = http::error::need_more;
@@ -328,7 +325,7 @@ void HttpSession::respond(const HttpResponse& response) {
   state_ = State::Writing;
   responseHead_ = responseHead(response, keepAlive_);
   responseBody_ = head_.method == "HEAD" ? "" : response.body;
-  limit(kResponseTime);
+  limit(host_->times.response);
   const std::array<asio::const_buffer, 2> parts{asio::buffer(responseHead_),
                                                 asio::buffer(responseBody_)};
   asio::async_write(socket_, parts, [self = shared_from_this()](error_code error, std::size_t) {
@@ -344,7 +341,7 @@ void HttpSession::finish() {
   state_ = State::Closing;
   error_code error;
   socket_.shutdown(tcp::socket::shutdown_send, error);
-  limit(kFarewell);
+  limit(host_->times.farewell);
   read();
 }
 

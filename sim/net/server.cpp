@@ -83,8 +83,9 @@ std::uint16_t Server::listen(Half half, const std::string& address, std::uint16_
   return listener.port();
 }
 
-std::uint16_t Server::serveWeb(const std::string& address, std::uint16_t port, WebSite& site) {
-  const auto web = std::make_shared<WebHost>(impl_->context, site);
+std::uint16_t Server::serveWeb(const std::string& address, std::uint16_t port, WebSite& site,
+                               const WebTimes& times) {
+  const auto web = std::make_shared<WebHost>(impl_->context, site, times);
   const auto begin = [web](asio::ip::tcp::socket socket) {
     startHttpSession(std::move(socket), web);
   };

@@ -9,10 +9,10 @@
 
 #include "base/half.h"
 #include "net/listen_error.h"
+#include "net/web.h"
 
 namespace tolvex::sim {
 
-class WebSite;
 class Exchanger;
 
 /// What a server tells about itself while it runs, on the thread in run().
@@ -46,7 +46,8 @@ class Server {
   /// Serves a site to browsers and programs on an IPv4 address and port; port 0 takes any free one.
   /// Returns the port. Throws ListenError. Call it once at most, before run(). The site must outlive
   /// the server.
-  std::uint16_t serveWeb(const std::string& address, std::uint16_t port, WebSite& site);
+  std::uint16_t serveWeb(const std::string& address, std::uint16_t port, WebSite& site,
+                         const WebTimes& times = {});
 
   /// Has the viewers of the live channel look for news soon. To be called on the thread in run(), as
   /// often as anything changes: many calls at once cost no more than one.

@@ -1,7 +1,7 @@
 // HTTP and the live channel as the rest of the simulator sees them, without sockets.
 #pragma once
 
-#include <cstdint>
+#include <chrono>
 #include <functional>
 #include <map>
 #include <memory>
@@ -54,6 +54,17 @@ class WebSite {
 
   /// A feed for a viewer that opened the live channel (/api/live) with this request.
   virtual std::unique_ptr<LiveFeed> openFeed(const HttpRequest& request) = 0;
+};
+
+/// How long a server waits for its web clients before it ends their connections.
+struct WebTimes {
+  using Time = std::chrono::milliseconds;
+
+  Time idle = std::chrono::seconds(60);      // for the next request
+  Time request = std::chrono::seconds(30);   // for the rest of a request that has begun
+  Time response = std::chrono::seconds(30);  // until a response is taken
+  Time message = std::chrono::seconds(30);   // until a message of the live channel is taken
+  Time farewell = std::chrono::seconds(2);   // until a client whose connection ends stops sending
 };
 
 }  // namespace tolvex::sim

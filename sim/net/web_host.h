@@ -54,11 +54,13 @@ class WebHost : public std::enable_shared_from_this<WebHost> {
   static constexpr int kMaxRefusals = 64;
 
   /// The site and the context must outlive the host.
-  WebHost(boost::asio::io_context& context, WebSite& site) : site_(site), timer_(context) {}
+  WebHost(boost::asio::io_context& context, WebSite& site, const WebTimes& limits)
+      : times(limits), site_(site), timer_(context) {}
 
   WebSite& site() { return site_; }
   /// Where the server listens; to be set before the first connection.
   WebAddress where;
+  const WebTimes times;
 
   /// Places for a connection, for a viewer and for telling that there is no place; false when
   /// there is none left.

@@ -195,7 +195,7 @@ TEST_F(HttpServerTest, AnAnswerMayComeWhenTheServerIsGone) {
   std::function<void(HttpResponse)> respond;
   {
     TestSite site;
-    auto second = std::make_unique<Server>(service_, ServerEvents());
+    auto second = std::make_unique<Server>(exchanger_, ServerEvents());
     const std::uint16_t port = second->serveWeb("127.0.0.1", 0, site);
     std::promise<void> asked;
     site.asked = [&asked] { asked.set_value(); };

@@ -15,6 +15,8 @@
 #include <vector>
 
 #include "devices/devices.h"
+#include "exchange/exchanger.h"
+#include "exchange/service_answerer.h"
 #include "net/server.h"
 #include "net/web.h"
 #include "protocol/service.h"
@@ -94,8 +96,8 @@ class TestSite : public WebSite {
 
 class WebFixture : public ::testing::Test {
  protected:
-  WebFixture()
-      : port_(server_.serveWeb("127.0.0.1", 0, site_)), thread_([this] { server_.run(); }) {}
+  explicit WebFixture(const WebTimes& times = {})
+      : port_(server_.serveWeb("127.0.0.1", 0, site_, times)), thread_([this] { server_.run(); }) {}
 
   ~WebFixture() override { stop(); }
 
@@ -147,7 +149,11 @@ class WebFixture : public ::testing::Test {
   TestSite site_;
   Devices devices_;
   Service service_{devices_};
-  Server server_{service_, {}};
+  ServiceAnswerer answerer_{service_};
+  FaultBoard faults_;
+  TrafficLog traffic_;
+  Exchanger exchanger_{answerer_, faults_, traffic_, devices_.printers.jobs()};
+  Server server_{exchanger_, {}};
   std::uint16_t port_;
   std::thread thread_;
 };
