@@ -6,7 +6,7 @@
 
 namespace tolvex::sim {
 
-/// ISO 8601 in UTC with milliseconds: "2026-11-21T11:47:01.123Z". For the years 1970 to 9999.
+/// ISO 8601 in UTC with milliseconds: "2026-11-21T11:47:01.123Z". From 1970 on.
 std::string isoTime(std::chrono::system_clock::time_point time);
 
 }  // namespace tolvex::sim
