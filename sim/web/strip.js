@@ -5,7 +5,7 @@ import { JobFigure, kGutter } from './job_figure.js';
 const kNearBottom = 48; // px
 const kPadding = 28;    // px, of the strip to both sides
 const kMillimetre = 96 / 25.4;
-const kLargestFit = 1.5;
+const kLargestFit = 1.25;
 
 export class Strip {
   #figures = new Map();
