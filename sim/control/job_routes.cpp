@@ -112,7 +112,10 @@ const RouteTable& jobRoutes() {
        "/api/jobs/{n}/paper.svg",
        "its paper as a picture",
        Body::None,
-       {{"form", FieldType::Choice, "strip", 0, 0, {"picture", "strip"}}, downloadField()},
+       {{"form", FieldType::Choice, "strip", 0, 0, {"picture", "strip"}},
+        downloadField(),
+        // Viewers ask with it for what they have not seen yet, past what their browser keeps.
+        numberField("revision", 0, kMostNumber)},
        getPicture},
       {"GET",
        "/api/jobs/{n}/paper.txt",
