@@ -21,7 +21,7 @@ class Tabs {
     }
   }
 
-  note(name, text) { setText(this.#tabs.get(name).note, text); }
+  note(name, text) { setText(this.#tabs.get(name).note, text === '' ? '' : ` · ${text}`); }
 
   choose(name) {
     for (const [other, { tab }] of this.#tabs) {

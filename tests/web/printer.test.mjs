@@ -15,7 +15,7 @@ for (const [words, name, code] of kFaults) {
     const one = page.role('switch', words, '#printer-faults');
     await one.click();
     await page.shows('#printer-word', new RegExp(`^${code} .+`));
-    await page.shows('#tab-Ticket', `Ticketfault ${code}`);
+    await page.shows('#tab-Ticket', `Ticket · fault ${code}`);
     assert.equal(await one.getAttribute('aria-checked'), 'true');
     assert.equal((await printing.ask({ cmd: 'printerStatus', printerType: '1' })).result, String(code));
     assert.equal((await printer(sim)).faults[name], true);
@@ -56,7 +56,7 @@ test('paper that runs out in the middle of a job is seen, and a new roll mends i
   await printing.print(Array.from({ length: 12 }, (_, line) => `line ${line}`));
   await page.shows('#printer-word', /^2006 /);
   await page.click('#load-roll');
-  await page.shows('#printer-word', 'ready');
+  await page.shows('#printer-word', 'printing job 1');
 });
 
 test('what was printed is torn off', async ({ page, printing }) => {

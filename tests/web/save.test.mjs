@@ -52,7 +52,7 @@ test('a PNG has one pixel for each dot of the paper', async ({ page, sim, printi
 
 test('writing of every script is in the PNG, and no box for a missing character', async ({ page, sim, printing }) => {
   // The last is a character that no font has.
-  const scripts = { latin: 'éüñ', greek: 'Ελλ', cyrillic: 'Жщы', chinese: '苹果梨', japanese: 'りんご', korean: '사과배', missing: '\u{10fffd}' };
+  const scripts = { latin: 'éüñ', greek: 'Ελπ', cyrillic: 'Жщы', chinese: '苹果梨', japanese: 'りんご', korean: '사과배', missing: '\u{10fffd}' };
   await printing.receipt(Object.values(scripts));
   await page.shows('#job-title', /^Job 1/);
   const { bytes } = await downloaded(page, '#job-png');
