@@ -24,10 +24,11 @@ class FaultForm {
   #inputs = new Map();
 
   constructor(form) {
-    this.ofExchanges = [element('label', {}, 'Command ', this.#command),
+    this.ofExchanges = [element('label', {}, 'Command ', this.#command), this.#howOften(),
       element('label', { class: 'check' }, this.#isCarriedOut, ' The command is carried out all the same')];
-    form.append(element('label', {}, 'Fault ', this.#kind), element('label', {}, 'Port ', this.#port), this.ofExchanges[0],
-      this.#own, this.#howOften(), this.ofExchanges[1], element('div', { class: 'buttons' }, element('button', { class: 'key' }, 'Make the fault')));
+    const [command, ...acting] = this.ofExchanges;
+    form.append(element('label', {}, 'Fault ', this.#kind), element('label', {}, 'Port ', this.#port), command, this.#own, ...acting,
+      element('div', { class: 'buttons' }, element('button', { class: 'key' }, 'Make the fault')));
     this.#kind.addEventListener('change', () => this.#showKind());
     this.#port.addEventListener('change', () => this.#showCommands());
     this.#times.addEventListener('input', () => { this.#isCounted.checked = true; });
@@ -76,14 +77,16 @@ class FaultForm {
     return element('label', { class: 'check' }, input, ` ${name}`);
   }
 
+  #onExchanges() {
+    const times = this.#isEndless.checked ? null
+      : numberIn(this.#times, 'The number of exchanges', 'Type a number, or choose "until switched off".');
+    return { command: this.#command.value, times, carried_out: this.#isCarriedOut.checked };
+  }
+
   #rule() {
     const kind = this.#kind.value;
-    const rule = { kind, port: this.#port.value, times: null };
-    if (this.#isCounted.checked) rule.times = numberIn(this.#times, 'The number of exchanges', 'Type a number, or choose "until switched off".');
-    if (!kKinds[kind].isOfConnections) {
-      rule.command = this.#command.value;
-      rule.carried_out = this.#isCarriedOut.checked;
-    }
+    const rule = { kind, port: this.#port.value };
+    if (!kKinds[kind].isOfConnections) Object.assign(rule, this.#onExchanges());
     for (const [member, valueOf] of this.#inputs) {
       const value = valueOf();
       if (value !== null) rule[member] = value;

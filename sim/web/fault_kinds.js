@@ -65,6 +65,7 @@ export function ruleInWords(rule) {
 }
 
 export function remainingInWords(rule) {
+  if (kKinds[rule.kind]?.isOfConnections) return 'until switched off';
   const acted = rule.acted === 0 ? 'not yet used' : `used ${rule.acted} times`.replace(' 1 times', ' once');
   if (rule.remaining === null) return `until switched off, ${acted}`;
   return `${rule.remaining} to go, ${acted}`;

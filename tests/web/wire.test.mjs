@@ -36,10 +36,11 @@ for (const [kind, own] of Object.entries({ delay: ['delay_ms'], 'no-answer': [],
 test('refusing connections has its own fields', async ({ page, sim }) => {
   const form = await opened(page);
   await page.$('#fault-kind').selectOption('refuse');
-  assert.deepEqual(await fields(page), [...kAlways, 'drop', ...kHowOften]);
+  assert.deepEqual(await fields(page), [...kAlways, 'drop']);
   await page.$('#fault-drop').uncheck();
   await form.getByRole('button').click();
   await page.shows('#rules b', 'both ports: refuse connections');
+  await page.shows('#rules .quiet', 'until switched off');
   assert.equal((await rulesOf(sim))[0].drop, false);
 });
 
