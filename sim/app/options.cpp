@@ -32,6 +32,7 @@ constexpr char kExamples[] =
     "  zelkad-sim --console                  then type: load 1.250, status, help, quit\n"
     "  zelkad-sim --paper-dir paper          each printed job becomes a picture and a text there\n"
     "  zelkad-sim --settling 0 --quiet       for automatic tests: every weight is stable at once\n"
+    "  zelkad-sim --scenario sale.json --exit-after 2jobs,60s   a test that ends by itself\n"
     "  zelkad-sim --address 127.0.0.2        a second one beside the first\n"
     "  zelkad-sim --port 0                   any free ports, printed at the start\n"
     "  zelkad-sim --no-web                   without the page\n";
@@ -43,6 +44,7 @@ struct Raw {
   bool noWeb = false;
   std::string load;
   std::string settling;
+  std::string exitAfter;
 };
 
 std::string checkAddress(const std::string& text) {
@@ -81,6 +83,39 @@ void addWebOptions(CLI::App& app, Options& options, Raw& raw) {
   app.add_flag("--no-web", raw.noWeb, "Without the page");
 }
 
+std::string checkFile(const std::string& text) {
+  return text.empty() ? "the name of the file is empty" : "";
+}
+
+std::string checkLimits(const std::string& text) {
+  if (parseRunLimits(text)) return "";
+  return "\"" + text +
+         "\" is no end of a run such as 30s, 500ms, 2m, 3jobs, 20requests, or several of them with "
+         "commas, each kind once";
+}
+
+void addTestOptions(CLI::App& app, Options& options, Raw& raw) {
+  app.add_option("--scenario", options.scenario,
+                 "File (JSON) with what happens to the devices, and what is expected of the run")
+      ->type_name("FILE")
+      ->check(CLI::Validator(checkFile, ""));
+  app.add_option("--exit-after", raw.exitAfter,
+                 "When to stop: 30s, 500ms, 2m, 3jobs, 20requests, or several with commas, "
+                 "whichever comes first")
+      ->type_name("WHAT")
+      ->check(CLI::Validator(checkLimits, ""));
+  CLI::Option* const record =
+      app.add_option("--record", options.record, "File to write each exchange to, a line each")
+          ->type_name("FILE")
+          ->check(CLI::Validator(checkFile, ""));
+  app.add_option(
+         "--replay", options.replay,
+         "Recorded file to answer from instead of the devices, and to compare requests with")
+      ->type_name("FILE")
+      ->check(CLI::Validator(checkFile, ""))
+      ->excludes(record);
+}
+
 void addOptions(CLI::App& app, Options& options, Raw& raw) {
   app.add_option("--address", options.address, "IPv4 address to listen on")
       ->type_name("ADDRESS")
@@ -112,6 +147,7 @@ void addOptions(CLI::App& app, Options& options, Raw& raw) {
                  "runs left there is removed")
       ->type_name("DIR")
       ->check(CLI::Validator(checkPaperDir, ""));
+  addTestOptions(app, options, raw);
   app.add_flag("--console", options.console, "Read operator commands from standard input");
   app.add_flag("--quiet", options.quiet, "Do not log exchanges and jobs");
   app.set_version_flag("--version", std::string("zelkad-sim ") + version());
@@ -153,6 +189,17 @@ std::string webAddress(const Options& options, const Raw& raw) {
   return options.address.rfind("127.", 0) == 0 ? options.address : "127.0.0.1";
 }
 
+// No device does anything while a recording answers.
+void checkReplay(const Options& options) {
+  if (options.replay.empty()) return;
+  if (!options.scenario.empty()) {
+    throw CLI::ValidationError("--replay and --scenario", "exclude each other");
+  }
+  if (options.limits.jobs) {
+    throw CLI::ValidationError("--replay", "prints nothing; give --exit-after requests or a time");
+  }
+}
+
 void interpret(const CLI::App& app, Options& options, const Raw& raw) {
   if (!raw.load.empty()) options.load = parseKilograms(raw.load).value();
   if (!raw.settling.empty()) options.settling = Seconds(parseDecimal(raw.settling).value());
@@ -161,6 +208,8 @@ void interpret(const CLI::App& app, Options& options, const Raw& raw) {
   placePorts(app, options, raw);
   checkPorts(options);
   options.webAddress = webAddress(options, raw);
+  if (!raw.exitAfter.empty()) options.limits = parseRunLimits(raw.exitAfter).value();
+  checkReplay(options);
 }
 
 // In the form of all the program's messages.

@@ -8,6 +8,7 @@
 
 #include "base/clock.h"
 #include "devices/mass.h"
+#include "scenario/run_limits.h"
 
 namespace tolvex::sim {
 
@@ -21,11 +22,16 @@ struct Options {
   Milligrams load = 0;
   Seconds settling{1};
   std::string paperDir;  // UTF-8; empty: jobs are not kept as files
+  std::string scenario;  // UTF-8; empty: none
+  std::string record;    // UTF-8; empty: nowhere
+  std::string replay;    // UTF-8; empty: the devices answer
+  RunLimits limits;
   bool console = false;
   bool quiet = false;
 };
 
-/// Exit status for a command line that can not be understood.
+/// Exit status for a command line that can not be understood, or that names a file that can not be
+/// used.
 constexpr int kUsageError = 2;
 
 /// Reads the command line: its words in UTF-8, without the program's name. If the program is not to

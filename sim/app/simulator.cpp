@@ -8,6 +8,8 @@
 #include <utility>
 #include <vector>
 
+#include "app/api_call.h"
+#include "app/automation.h"
 #include "app/exchange_line.h"
 #include "app/job_announcer.h"
 #include "app/paper_files.h"
@@ -132,20 +134,51 @@ void wakeFeedsOnChange(Server& server, Simulation& simulation) {
   simulation.faults.listen([&server] { server.wakeFeeds(); });
 }
 
-void serve(const Options& options) {
+// What scenario, limits and replay need of the world; the server as above.
+Automation::World automationWorldOf(Server*& server, CallApi call) {
+  Automation::World world;
+  world.call = std::move(call);
+  world.post = [&server](std::function<void()> function) { server->post(std::move(function)); };
+  world.after = [&server](std::chrono::milliseconds time, std::function<void()> function) {
+    server->after(time, std::move(function));
+  };
+  world.stop = [&server] { server->stop(); };
+  world.say = [](const std::string& text) { say(text); };
+  world.warn = warn;
+  return world;
+}
+
+// Calls on devices that nobody uses, as they are at the start.
+CallApi trialCalls(const Options& options) {
+  struct Trial {
+    explicit Trial(const Options& options)
+        : simulation(scaleConfig(options), options.load), api(simulation, {}) {}
+    Simulation simulation;
+    Api api;
+  };
+  return [trial = std::make_shared<Trial>(options)](const ApiCall& call) {
+    return callApi(trial->api, call);
+  };
+}
+
+int serve(const Options& options) {
   Simulation simulation(scaleConfig(options), options.load);
   simulation.restore = [&](TimePoint) { restore(simulation, options); };
   Devices& devices = simulation.devices;
   Service service(devices, [](const std::string& path) { return loadPicture(path, warn); });
-  ServiceAnswerer answerer(service);
-  Exchanger exchanger(answerer, simulation.faults, simulation.traffic, devices.printers.jobs());
-  if (!options.quiet) exchanger.observe(logExchange);
+  ServiceAnswerer devicesAnswerer(service);
   Server* served = nullptr;
   Api api(simulation, worldOf(served));
+  const auto call = [&api](const ApiCall& wanted) { return callApi(api, wanted); };
+  Automation automation(options, trialCalls(options), automationWorldOf(served, call));
+  Answerer& answerer = automation.answerer() ? *automation.answerer() : devicesAnswerer;
+  Exchanger exchanger(answerer, simulation.faults, simulation.traffic, devices.printers.jobs());
+  if (!options.quiet) exchanger.observe(logExchange);
   PageSite site(embeddedFiles(), api);
   Server server(exchanger, {warn});
   served = &server;
   server.stopOnSignals();
+  automation.attach(simulation, exchanger);
   Ports& ports = simulation.ports;
   ports.address = options.address;
   ports.weighing = openPort(server, Half::Weighing, options.address, options.weighingPort);
@@ -165,22 +198,28 @@ void serve(const Options& options) {
       });
     });
   }
+  automation.start();
   say("ready");
   server.run();
+  const int status = automation.finish();
   devices.printers.endJobs();
+  return status;
 }
 
 }  // namespace
 
 int runSimulator(const Options& options) {
   try {
-    serve(options);
+    const int status = serve(options);
+    say("stopped");
+    return status;
   } catch (const ListenError& error) {
     warn(error.what() + advice(error));
     return 1;
+  } catch (const UnusableFile& error) {
+    warn(error.what());
+    return kUsageError;
   }
-  say("stopped");
-  return 0;
 }
 
 }  // namespace tolvex::sim

@@ -9,6 +9,10 @@ namespace tolvex::sim {
 ScenarioRun::ScenarioRun(Scenario scenario, Surroundings surroundings)
     : scenario_(std::move(scenario)), surroundings_(std::move(surroundings)) {}
 
+void ScenarioRun::prepare() {
+  if (scenario_.initial) carryOut(*scenario_.initial);
+}
+
 void ScenarioRun::start() {
   levels_.push_back({&scenario_.steps});
   work([this] { goOn(); });

@@ -33,6 +33,9 @@ class ScenarioRun {
   ScenarioRun(const ScenarioRun&) = delete;
   ScenarioRun& operator=(const ScenarioRun&) = delete;
 
+  /// Sets the initial state.
+  void prepare();
+
   /// The first step begins to wait, or acts.
   void start();
 

@@ -49,6 +49,10 @@ void TrafficLog::listen(std::function<void(const TrafficEntry& entry)> listener)
   listeners_.push_back(std::move(listener));
 }
 
+void TrafficLog::listenToConnections(std::function<void(Half half)> listener) {
+  connectionListeners_.push_back(std::move(listener));
+}
+
 std::uint64_t TrafficLog::add(TrafficEntry entry) {
   const std::uint64_t number = ++lastNumber_;
   entry.number = number;
@@ -95,7 +99,9 @@ std::uint64_t TrafficLog::connected(Half half, const std::string& client) {
   ++connections_.at(indexOf(half));
   ++changes_;
   lastClient_ = client;
-  return ++lastConnection_;
+  ++lastConnection_;
+  for (const auto& listener : connectionListeners_) listener(half);
+  return lastConnection_;
 }
 
 void TrafficLog::disconnected(Half half) {

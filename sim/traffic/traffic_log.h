@@ -75,6 +75,9 @@ class TrafficLog {
   /// several.
   void listen(std::function<void(const TrafficEntry& entry)> listener);
 
+  /// `listener` is called when a client has connected. There may be several.
+  void listenToConnections(std::function<void(Half half)> listener);
+
   /// Takes in an entry, gives it its number and returns that. Texts that are too long are cut.
   std::uint64_t add(TrafficEntry entry);
 
@@ -134,6 +137,7 @@ class TrafficLog {
   // Oldest first. An entry stands here for each of its changes, of which only the latest counts.
   std::deque<Change> history_;
   std::vector<std::function<void(const TrafficEntry&)>> listeners_;
+  std::vector<std::function<void(Half)>> connectionListeners_;
   std::size_t bytes_ = 0;
   std::uint64_t lastNumber_ = 0;
   std::uint64_t changes_ = 0;

@@ -46,6 +46,11 @@ TEST(SimOptions, HaveDefaults) {
   EXPECT_FALSE(options->console);
   EXPECT_FALSE(options->quiet);
   EXPECT_EQ(options->paperDir, "");
+  EXPECT_EQ(options->scenario, "");
+  EXPECT_EQ(options->record, "");
+  EXPECT_EQ(options->replay, "");
+  EXPECT_FALSE(options->limits.time);
+  EXPECT_FALSE(options->limits.hasCounts());
 }
 
 TEST(SimOptions, AreTakenOver) {
@@ -62,6 +67,28 @@ TEST(SimOptions, AreTakenOver) {
   EXPECT_TRUE(options->console);
   EXPECT_TRUE(options->quiet);
   EXPECT_EQ(options->paperDir, "Bons/Käse");
+}
+
+TEST(SimOptions, ForTestsAreTakenOver) {
+  const auto options =
+      parse({"--scenario", "Käse.json", "--record", "sale.jsonl", "--exit-after", "2jobs,1m"})
+          .options;
+  ASSERT_TRUE(options);
+  EXPECT_EQ(options->scenario, "Käse.json");
+  EXPECT_EQ(options->record, "sale.jsonl");
+  EXPECT_EQ(options->limits.jobs, 2);
+  EXPECT_EQ(options->limits.time, std::chrono::minutes(1));
+  EXPECT_EQ(parse({"--replay", "sale.jsonl"}).options->replay, "sale.jsonl");
+}
+
+TEST(SimOptions, AReplayHasNoDevices) {
+  EXPECT_EQ(refusalOf({"--replay", "a", "--scenario", "b"}),
+            "zelkad-sim: --replay and --scenario: exclude each other");
+  EXPECT_EQ(refusalOf({"--replay", "a", "--exit-after", "3jobs"}),
+            "zelkad-sim: --replay: prints nothing; give --exit-after requests or a time");
+  EXPECT_EQ(refusalOf({"--replay", "a", "--record", "b"}),
+            "zelkad-sim: --replay excludes --record");
+  EXPECT_TRUE(parse({"--replay", "a", "--exit-after", "3requests,1s"}).options);
 }
 
 // "WEIGHING PRINTING WEB", the latter "ADDRESS:PORT" or "no".
@@ -112,6 +139,10 @@ TEST(SimOptions, WrongValuesAreRefusedByName) {
             "zelkad-sim: --settling: \"-1\" is no number of seconds from 0 to 60");
   EXPECT_EQ(refusalOf({"--paper-dir", ""}),
             "zelkad-sim: --paper-dir: the name of the folder is empty");
+  EXPECT_EQ(refusalOf({"--scenario", ""}), "zelkad-sim: --scenario: the name of the file is empty");
+  EXPECT_EQ(refusalOf({"--exit-after", "soon"}),
+            "zelkad-sim: --exit-after: \"soon\" is no end of a run such as 30s, 500ms, 2m, 3jobs, "
+            "20requests, or several of them with commas, each kind once");
   EXPECT_EQ(refusalOf({"--weighing-port", "7", "--printing-port", "7"}),
             "zelkad-sim: --weighing-port and --printing-port: must differ");
 }
@@ -141,9 +172,10 @@ TEST(SimOptions, HelpShowsEveryOptionAndExamples) {
   const Parsed parsed = parse({"--help"});
   EXPECT_FALSE(parsed.options);
   EXPECT_EQ(parsed.exitCode, 0);
-  for (const char* text : {"--address", "--weighing-port", "--printing-port", "--port",
-                           "--web-port", "--web-address", "--no-web", "--load", "--settling",
-                           "--paper-dir", "--console", "--quiet", "--version", "Examples:"}) {
+  for (const char* text :
+       {"--address", "--weighing-port", "--printing-port", "--port", "--web-port", "--web-address",
+        "--no-web", "--load", "--settling", "--paper-dir", "--scenario", "--exit-after", "--record",
+        "--replay", "--console", "--quiet", "--version", "Examples:"}) {
     EXPECT_NE(parsed.out.find(text), std::string::npos) << text;
   }
 }

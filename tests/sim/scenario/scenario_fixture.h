@@ -55,6 +55,7 @@ class ScenarioTest : public ::testing::Test {
     surroundings.warn = [this](const std::string& warned) { warnings_.push_back(warned); };
     surroundings.exit = [this] { done_.push_back("exit"); };
     run_ = std::make_unique<ScenarioRun>(parseScenario(text), std::move(surroundings));
+    run_->prepare();
     run_->start();
   }
 

@@ -7,6 +7,12 @@ namespace {
 
 using std::chrono::milliseconds;
 
+TEST_F(ScenarioTest, BeginsWithItsInitialState) {
+  play(R"({"initial": {"drawer": {"open": true}}, "steps": [{"log": "one"}]})");
+  EXPECT_EQ(done(),
+            Lines({R"(PATCH /api/state {"drawer":{"open":true}})", "say step /steps/0: one"}));
+}
+
 TEST_F(ScenarioTest, StepsWithoutTriggerActAtOnceInOrder) {
   play(R"({"steps": [{"log": "one"}, {"log": "two"}]})");
   EXPECT_EQ(done(), Lines({"say step /steps/0: one", "say step /steps/1: two"}));
