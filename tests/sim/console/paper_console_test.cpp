@@ -4,6 +4,7 @@
 #include "console/operator_console.h"
 #include "console/printer_argument.h"
 #include "devices/devices.h"
+#include "faults/fault_board.h"
 
 namespace tolvex::sim {
 namespace {
@@ -15,7 +16,8 @@ class PaperConsoleTest : public ::testing::Test {
   Devices devices_;
   Printer& label_{*devices_.printers.findName("Label")};
   Printer& ticket_{*devices_.printers.findName("Ticket")};
-  OperatorConsole console_{devices_, [] {}};
+  FaultBoard wire_;
+  OperatorConsole console_{devices_, wire_, [] {}};
 };
 
 TEST_F(PaperConsoleTest, PaperCanBeRunningOut) {
