@@ -3,6 +3,7 @@
 
 #include "console/operator_console.h"
 #include "devices/devices.h"
+#include "faults/fault_board.h"
 
 namespace tolvex::sim {
 namespace {
@@ -18,7 +19,8 @@ class ScaleConsoleTest : public ::testing::Test {
   TimePoint now_{std::chrono::hours(1)};
   Devices devices_;
   Scale& scale_{devices_.scale};
-  OperatorConsole console_{devices_, [] {}};
+  FaultBoard wire_;
+  OperatorConsole console_{devices_, wire_, [] {}};
 };
 
 TEST_F(ScaleConsoleTest, ZeroMakesTheLoadZero) {
