@@ -10,7 +10,7 @@ namespace tolvex::sim {
 namespace {
 
 std::string describe(const LabelStock& stock) {
-  const std::string kind = name(stock.kind);
+  std::string kind = name(stock.kind);
   if (stock.kind == StockKind::Continuous) return kind;
   return kind + " " + millimetres(stock.label) + "+" + millimetres(stock.gap) + " mm at " +
          millimetres(stock.position) + " mm";

@@ -10,7 +10,7 @@ void JobLog::listen(std::function<void(const Job& job)> listener) {
   listeners_.push_back(std::move(listener));
 }
 
-void JobLog::add(std::shared_ptr<Job> job) {
+void JobLog::add(const std::shared_ptr<Job>& job) {
   lastNumber_ = job->number();
   jobs_.push_back(job);
   forgetOldest();

@@ -29,7 +29,7 @@ class JobLog {
   int nextNumber() const { return lastNumber_ + 1; }
 
   /// Takes in a job that has begun.
-  void add(std::shared_ptr<Job> job);
+  void add(const std::shared_ptr<Job>& job);
 
   /// To be called by whoever changed a job later.
   void changed(Job& job);
