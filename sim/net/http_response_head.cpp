@@ -11,7 +11,7 @@ struct Reason {
   const char* text;
 };
 
-constexpr std::array<Reason, 20> kReasons{{{200, "OK"},
+constexpr std::array<Reason, 19> kReasons{{{200, "OK"},
                                            {201, "Created"},
                                            {204, "No Content"},
                                            {400, "Bad Request"},
@@ -29,8 +29,7 @@ constexpr std::array<Reason, 20> kReasons{{{200, "OK"},
                                            {431, "Request Header Fields Too Large"},
                                            {500, "Internal Server Error"},
                                            {501, "Not Implemented"},
-                                           {503, "Service Unavailable"},
-                                           {505, "HTTP Version Not Supported"}}};
+                                           {503, "Service Unavailable"}}};
 
 constexpr char kPagePolicy[] =
     "default-src 'none'; script-src 'self'; style-src 'self'; img-src 'self' blob: data:; "

@@ -94,7 +94,8 @@ class HttpSession : public std::enable_shared_from_this<HttpSession> {
   bool ended_ = false;  // nothing more comes from the client
   std::string unread_;  // received, but not yet parsed
   std::optional<Parser> parser_;
-  bool begun_ = false;  // something of the request has come
+  bool begun_ = false;           // something of the request has come
+  std::size_t headerBytes_ = 0;  // what the parser took until the end of the header
   bool headChecked_ = false;
   HttpHead head_;
   std::optional<HttpTarget> target_;
@@ -176,6 +177,7 @@ void HttpSession::beginRequest() {
   parser_->body_limit(kMaxBodyBytes);
   parser_->eager(true);
   begun_ = false;
+  headerBytes_ = 0;
   headChecked_ = false;
   limit(host_->times.idle);
   parse();
@@ -191,14 +193,22 @@ void HttpSession::parse() {
     }
   }
   error_code error = http::error::need_more;
+  const std::size_t room =
+      parser_->is_header_done() ? unread_.size() : kMaxHeaderBytes - headerBytes_;
+  const bool fits = unread_.size() <= room;
   if (!unread_.empty()) {
-    unread_.erase(0, parser_->put(asio::buffer(unread_), error));
+    const std::size_t taken =
+        parser_->put(asio::buffer(unread_.data(), std::min(unread_.size(), room)), error);
+    headerBytes_ += taken;
+    unread_.erase(0, taken);
     if (!error && !parser_->is_done()) error = http::error::need_more;
   }
   if (parser_->is_header_done() && !headChecked_ && !checkHead()) return;
   if (!error) return carryOut();
   if (error != http::error::need_more) return failParsing(error);
-  if (unread_.size() >= kMaxHeaderBytes) return failParsing(http::error::header_limit);
+  if (!fits) return parser_->is_header_done() ? parse() : failParsing(http::error::header_limit);
+  // The head of a chunk, which has no limit of its own.
+  if (unread_.size() >= kMaxHeaderBytes) return failParsing(http::error::bad_chunk);
   read();
 }
 
@@ -235,10 +245,6 @@ void HttpSession::failParsing(error_code error) {
   if (error == http::error::header_limit) {
     return respond(
         httpError(431, "the headers are longer than 16 KiB", "Send fewer or shorter ones."));
-  }
-  if (error == http::error::bad_version) {
-    return respond(httpError(505, "the request is of no version of HTTP known here",
-                             "Use HTTP/1.1 or HTTP/1.0."));
   }
   respond(
       httpError(400, "the request is not HTTP (" + error.message() + ")",

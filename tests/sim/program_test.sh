@@ -258,6 +258,7 @@ has this port. Is another zelkad or zelkad-sim running? Stop it, or choose anoth
     ;;
   page)
     start "${any_ports[@]}"
+    expect_page "$web" / '200 OK'
     expect_page "$web" /nothing '404 Not Found'
     ;;
   no_page)
