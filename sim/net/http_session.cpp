@@ -28,8 +28,8 @@ namespace http = boost::beast::http;
 using asio::ip::tcp;
 using boost::system::error_code;
 
-constexpr std::size_t kMaxHeaderBytes = 16 * 1024;
-constexpr std::size_t kMaxBodyBytes = 1024 * 1024;
+constexpr std::size_t kMaxHeaderBytes = 16384;
+constexpr std::size_t kMaxBodyBytes = 1048576;
 // Far more than any site takes; until then the connection lives as long as its client.
 constexpr std::chrono::hours kAnswerTime{24};
 
@@ -79,7 +79,7 @@ class HttpSession : public std::enable_shared_from_this<HttpSession> {
   void answer();
   HttpRequest takeRequest();
   void openLiveChannel(const HttpRequest& request);
-  void askSite(HttpRequest request);
+  void askSite(const HttpRequest& request);
   void respond(const HttpResponse& response);
   void finish();
   void close();
@@ -315,7 +315,7 @@ void HttpSession::openLiveChannel(const HttpRequest& request) {
   startLiveSession(std::move(socket_), host_, std::move(start));
 }
 
-void HttpSession::askSite(HttpRequest request) {
+void HttpSession::askSite(const HttpRequest& request) {
   state_ = State::Waiting;
   limit(kAnswerTime);
   auto answer = [weak = weak_from_this(), turn = answering_](const HttpResponse& response) {
