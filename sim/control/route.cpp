@@ -36,6 +36,7 @@ HttpResponse jsonResponse(const Json& json, int status) {
 
 HttpResponse errorResponse(const ControlError& error) {
   Json body = {{"error", {{"what", whatOf(error)}, {"remedy", error.remedy()}}}};
+  if (!error.place().empty()) body["error"]["place"] = error.place();
   if (error.result()) {
     body["result"] = static_cast<int>(*error.result());
     body["text"] = message(*error.result());

@@ -76,6 +76,14 @@ TEST_F(StateRoutesTest, APatchIsCheckedAsAWholeAndSaysWhereItIsWrong) {
   EXPECT_EQ(call("GET", "/api/state"), before);
 }
 
+TEST_F(StateRoutesTest, ARefusalPointsAtWhatIsWrong) {
+  const HttpResponse response =
+      api_.call("PATCH", "/api/state", R"({"faults":[{"kind":"close","times":0}]})");
+  EXPECT_EQ(nlohmann::json::parse(response.body).at("error").at("place"), "/faults/0/times");
+  const auto body = nlohmann::json::parse(api_.call("PATCH", "/api/state", "[]").body);
+  EXPECT_FALSE(body.at("error").contains("place"));
+}
+
 TEST_F(StateRoutesTest, ThereAreOnlySoManyRulesInAPatch) {
   std::string rules = R"({"kind":"close"})";
   for (std::size_t i = 0; i < FaultBoard::kMaxRules; ++i) rules += R"(,{"kind":"close"})";
