@@ -40,7 +40,7 @@ function openHelp() {
   box.addEventListener('change', () => remember('shortcuts', box.checked ? 'on' : 'off'));
   openDialog('Keyboard', [
     element('table', { class: 'shortcuts' }, element('tbody', {}, ...rows)),
-    element('p', { class: 'quiet' }, 'In the list of requests the arrow keys choose one and Enter shows its paper. Click a paper to choose its job; "Requests" lists what printed it.'),
+    element('p', { class: 'quiet' }, 'Escape leaves a field, so that the keys act again. In the list of requests the arrow keys choose one and Enter shows its paper. Click a paper to choose its job; "Requests" lists what printed it.'),
     element('label', { class: 'check' }, box, ' Shortcuts of one key are on'),
   ]);
 }
@@ -52,6 +52,7 @@ function isTyping(target) {
 export function setUpKeyboard(choice) {
   byId('help-open').addEventListener('click', openHelp);
   document.addEventListener('keydown', (event) => {
+    if (event.key === 'Escape' && isTyping(event.target)) event.target.blur();
     if (event.ctrlKey || event.altKey || event.metaKey || isTyping(event.target) || document.querySelector('dialog[open]')) return;
     if (!areOn()) return;
     const index = '234'.indexOf(event.key);

@@ -32,6 +32,7 @@ test('the shortcuts act and are listed', async ({ page, sim, printing }) => {
   await page.page.keyboard.type('0.1');
   await press(page, 'Enter');
   await until(() => sim.get('/api/scale'), ({ reading }) => reading.net_kg === '0.100' && reading.stable, '0.1 kg was to be weighed');
+  await press(page, 'Escape');
   await press(page, 's');
   assert.equal(await focused(page), 'load-slider');
   await press(page, 't');

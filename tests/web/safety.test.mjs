@@ -38,11 +38,8 @@ test('markup on paper is text in picture and text', async ({ page, sim, printing
   await isUnharmed(page);
   await page.page.keyboard.press('Escape');
   const svg = await sim.get('/api/jobs/1/paper.svg');
-  const found = await page.page.evaluate((source) => {
-    const parsed = new DOMParser().parseFromString(source, 'image/svg+xml');
-    return [...parsed.querySelectorAll('script, parsererror, foreignObject, [onload], [onerror]')].length;
-  }, svg);
-  assert.equal(found, 0);
+  const tags = svg.match(/<[^>]*>/g);
+  assert.deepEqual(tags.filter((tag) => !/^<[/?]?(xml|svg|style|rect|path|clipPath|g|text|tspan|image)\b/.test(tag) || /\son\w+=/.test(tag)), []);
 });
 
 test('what is not JSON, and bytes that are not text, are shown', async ({ page, weighing }) => {
