@@ -2,7 +2,11 @@
 import { patch } from './service.js';
 import { byId, setAttribute, setText } from './dom.js';
 import { onClick } from './problem.js';
-import { plural } from './text.js';
+
+function timesOpened(openings) {
+  if (openings === 0) return 'Never opened';
+  return openings === 1 ? 'Opened once' : `Opened ${openings} times`;
+}
 
 export function setUpDrawer(store) {
   onClick(byId('drawer-close'), () => patch('/api/drawer', { open: false }));
@@ -11,6 +15,6 @@ export function setUpDrawer(store) {
     setText(byId('drawer-word'), drawer.open ? 'open' : 'closed');
     setAttribute(byId('drawer-word'), 'data-tone', drawer.open ? 'wait' : 'good');
     setAttribute(byId('till'), 'data-open', drawer.open ? 'yes' : 'no');
-    setText(byId('drawer-openings'), drawer.openings === 0 ? 'Never opened' : `Opened ${plural(drawer.openings, 'time')}`);
+    setText(byId('drawer-openings'), timesOpened(drawer.openings));
   });
 }

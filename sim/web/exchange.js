@@ -3,16 +3,15 @@ import { copyText } from './clipboard.js';
 import { byId, element, say } from './dom.js';
 import { attempt } from './problem.js';
 import { recall, remember } from './remembered.js';
-import { clockWithMilliseconds, duration, exchangeAsText, outcome, plural, pretty } from './text.js';
+import { clockWithMilliseconds, duration, exchangeAsText, outcomeAndFaults, plural, pretty } from './text.js';
 
 function facts(exchange) {
   const facts = [
     `#${exchange.number}`, clockWithMilliseconds(exchange.time), exchange.port,
     `${exchange.client}, connection ${exchange.connection}`,
     exchange.known === false ? `unknown command ${exchange.command}` : exchange.command,
-    outcome(exchange), duration(exchange.duration_ms),
+    outcomeAndFaults(exchange), duration(exchange.duration_ms),
   ];
-  if (exchange.faults.length > 0) facts.push(`fault: ${exchange.faults.join(', ')}`);
   return facts.filter(Boolean).join(' · ');
 }
 
@@ -48,9 +47,11 @@ export function showExchange(store, choice) {
     const exchange = choice.exchange === null ? undefined : store.exchange(choice.exchange);
     place.hidden = exchange === undefined;
     if (exchange === undefined) return place.replaceChildren();
+    const focused = place.contains(document.activeElement) ? document.activeElement.id : '';
     place.replaceChildren(element('p', { class: 'facts' }, facts(exchange)), buttonsOf(exchange),
       element('div', { class: 'messages' }, block('Request', exchange.request, exchange.request_bytes, isPretty),
         block('Reply', exchange.reply, exchange.reply_bytes, isPretty)));
+    if (focused !== '') byId(focused)?.focus();
   };
   return show;
 }

@@ -3,7 +3,7 @@ import { post } from './service.js';
 import { byId, setAttribute, setText } from './dom.js';
 import { confirmed } from './dialog.js';
 import { attempt } from './problem.js';
-import { clock, outcome } from './text.js';
+import { clock, outcomeAndFaults } from './text.js';
 
 const kLost = 'Connection to the simulator lost, trying again';
 
@@ -22,7 +22,7 @@ function showLastError(store) {
   const exchange = number === null ? undefined : store.exchange(number);
   const button = byId('last-error');
   button.disabled = exchange === undefined;
-  const words = exchange ? `#${number} ${exchange.command || '(no command)'}: ${outcome(exchange)}` : `#${number}`;
+  const words = exchange ? `#${number} ${exchange.command || '(no command)'}: ${outcomeAndFaults(exchange)}` : `#${number}`;
   setText(button, number === null ? 'none' : words);
 }
 

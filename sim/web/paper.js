@@ -66,7 +66,7 @@ class Papers {
   #follow(jobs) {
     const newest = jobs.reduce((a, b) => (a.revision > b.revision ? a : b));
     if (newest.printer !== this.#shown) {
-      if (!byId('follow').checked || this.#shown === kAll || byId('paper').contains(document.activeElement)) return;
+      if (!byId('follow').checked || this.#shown === kAll || byId('strips').contains(document.activeElement)) return;
       this.show(newest.printer);
     }
     const last = this.#newestOf(newest.printer);

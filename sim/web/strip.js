@@ -11,6 +11,8 @@ export class Strip {
   #figures = new Map();
   #sticks = true;
   #zoom = 'fit';
+  #room = 0;          // px across
+  #isFollowDue = false;
   #list = element('ol', { class: 'jobs' });
   #empty = element('p', { class: 'empty' });
   #newest = element('button', { type: 'button', class: 'newest', hidden: true }, 'New paper below');
@@ -73,13 +75,14 @@ export class Strip {
   /// In screen pixels per millimetre of paper.
   get scale() {
     if (this.#zoom !== 'fit') return kMillimetre * Number(this.#zoom);
-    const room = this.element.clientWidth - kPadding - kGutter;
+    const room = this.#room - kPadding - kGutter;
     const width = Math.max(...[...this.#figures.values()].map((figure) => figure.widthInMillimetres), this.paper.width_mm);
     return Math.max(Math.min(room / width, kMillimetre * kLargestFit), kMillimetre * 0.3);
   }
 
   #resize() {
     if (this.frame.hidden) return;
+    this.#room = this.element.clientWidth;
     this.#layOut();
     this.follow();
   }
@@ -103,7 +106,12 @@ export class Strip {
 
   /// Keeps the print head in view while the reader is there.
   follow() {
-    if (this.#sticks) this.element.scrollTop = this.element.scrollHeight;
+    if (!this.#sticks || this.#isFollowDue) return;
+    this.#isFollowDue = true;
+    requestAnimationFrame(() => {
+      this.#isFollowDue = false;
+      if (this.#sticks) this.element.scrollTop = this.element.scrollHeight;
+    });
   }
 
   #scrolled() {

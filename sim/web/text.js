@@ -34,9 +34,12 @@ export function jobState(job) {
   return job.finished ? `finished, ${kEnds[job.end] ?? job.end}` : 'printing';
 }
 
+// A weight that moves is no error.
+const isGoodResult = (result) => result === null || result === undefined || result === 0 || result === 1005;
+
+/// What "errors only" lists: also what a fault was made for.
 export function isError(exchange) {
-  const isBad = exchange.result !== null && exchange.result !== undefined && exchange.result !== 0 && exchange.result !== 1005;
-  return isBad || exchange.known === false || exchange.faults.length > 0 || !/^(answered|pending)$/.test(exchange.outcome);
+  return toneOf(exchange) === 'bad' || exchange.faults.length > 0;
 }
 
 const kOutcomes = {
@@ -52,6 +55,19 @@ export function outcome(exchange) {
   if (exchange.known === false) return `${exchange.result ?? ''} unknown command`.trim();
   if (exchange.result === null || exchange.result === undefined) return 'answered';
   return `${exchange.result} ${exchange.result_text ?? ''}`.trim();
+}
+
+/// The same, with the faults that acted on it.
+export function outcomeAndFaults(exchange) {
+  return [outcome(exchange), ...exchange.faults.map((fault) => `fault: ${fault}`)].join(' · ');
+}
+
+/// How an exchange is to be coloured: "plain", "wait" for one that waits or went well but for a fault
+/// that was wanted, "bad".
+export function toneOf(exchange) {
+  const isGood = /^(answered|pending)$/.test(exchange.outcome) && exchange.known !== false && isGoodResult(exchange.result);
+  if (!isGood) return 'bad';
+  return exchange.outcome === 'pending' || exchange.faults.length > 0 ? 'wait' : 'plain';
 }
 
 export function pretty(text) {

@@ -4,7 +4,7 @@ import { copyText } from './clipboard.js';
 import { byId, say, setAttribute, setText } from './dom.js';
 import { showExchange } from './exchange.js';
 import { onClick } from './problem.js';
-import { clockWithMilliseconds, duration, exchangeAsText, isError, outcome, plural } from './text.js';
+import { clockWithMilliseconds, duration, exchangeAsText, outcomeAndFaults, plural, toneOf } from './text.js';
 import { TrafficFilter } from './traffic_filter.js';
 import { VirtualList } from './virtual_list.js';
 
@@ -18,12 +18,11 @@ const kColumns = [
 ];
 
 function fill(cells, exchange, row) {
-  const faults = exchange.faults.length ? ` · fault: ${exchange.faults.join(', ')}` : '';
   const texts = [clockWithMilliseconds(exchange.time), exchange.port, `${exchange.client} (${exchange.connection})`,
-    exchange.command || '(no command)', outcome(exchange) + faults, duration(exchange.duration_ms)];
+    exchange.command || '(no command)', outcomeAndFaults(exchange), duration(exchange.duration_ms)];
   cells.forEach((cell, index) => { setText(cell, texts[index]); });
   cells[4].title = texts[4];
-  setAttribute(row, 'data-tone', exchange.outcome === 'pending' ? 'wait' : isError(exchange) ? 'bad' : 'plain');
+  setAttribute(row, 'data-tone', toneOf(exchange));
 }
 
 class Traffic {

@@ -36,7 +36,7 @@ test('the drawer is open after a program opened it, and counts', async ({ page, 
   await printing.ask({ cmd: 'opencashbox' });
   await page.shows('#drawer-word', 'open');
   assert.equal(await page.$('#till').getAttribute('data-open'), 'yes');
-  await page.shows('#drawer-openings', 'Opened 1 time');
+  await page.shows('#drawer-openings', 'Opened once');
   await page.click('#drawer-close');
   await page.shows('#drawer-word', 'closed');
   await page.click('#drawer-open');
