@@ -104,16 +104,14 @@ void addTestOptions(CLI::App& app, Options& options, Raw& raw) {
                  "whichever comes first")
       ->type_name("WHAT")
       ->check(CLI::Validator(checkLimits, ""));
-  CLI::Option* const record =
-      app.add_option("--record", options.record, "File to write each exchange to, a line each")
-          ->type_name("FILE")
-          ->check(CLI::Validator(checkFile, ""));
+  app.add_option("--record", options.record, "File to write each exchange to, a line each")
+      ->type_name("FILE")
+      ->check(CLI::Validator(checkFile, ""));
   app.add_option(
          "--replay", options.replay,
          "Recorded file to answer from instead of the devices, and to compare requests with")
       ->type_name("FILE")
-      ->check(CLI::Validator(checkFile, ""))
-      ->excludes(record);
+      ->check(CLI::Validator(checkFile, ""));
 }
 
 void addOptions(CLI::App& app, Options& options, Raw& raw) {
@@ -194,6 +192,9 @@ void checkReplay(const Options& options) {
   if (options.replay.empty()) return;
   if (!options.scenario.empty()) {
     throw CLI::ValidationError("--replay and --scenario", "exclude each other");
+  }
+  if (!options.record.empty()) {
+    throw CLI::ValidationError("--replay and --record", "exclude each other");
   }
   if (options.limits.jobs) {
     throw CLI::ValidationError("--replay", "prints nothing; give --exit-after requests or a time");

@@ -25,6 +25,12 @@ std::string textOf(const json& error, const char* member) {
   return found != error.end() && found->is_string() ? found->get<std::string>() : "";
 }
 
+// The API names the object in the text, too; here the whole place stands before it.
+std::string withoutPlace(const std::string& what, const std::string& place) {
+  const std::string prefix = "in " + place.substr(0, place.rfind('/')) + ": ";
+  return place.empty() || what.rfind(prefix, 0) != 0 ? what : what.substr(prefix.size());
+}
+
 Reason reasonOf(const ApiCall& call, const ApiAnswer& answer) {
   const json body = json::parse(answer.body, nullptr, false);
   const json error = body.is_object() ? body.value("error", json::object()) : json::object();
@@ -34,7 +40,8 @@ Reason reasonOf(const ApiCall& call, const ApiAnswer& answer) {
                 std::to_string(answer.status),
             "See the description of the API."};
   }
-  return {call.place + textOf(error, "place"), textOf(error, "what"), textOf(error, "remedy")};
+  const std::string place = textOf(error, "place");
+  return {call.place + place, withoutPlace(textOf(error, "what"), place), textOf(error, "remedy")};
 }
 
 // Jobs and faults that a call names come into being in the course of the run.

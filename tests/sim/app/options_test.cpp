@@ -87,7 +87,7 @@ TEST(SimOptions, AReplayHasNoDevices) {
   EXPECT_EQ(refusalOf({"--replay", "a", "--exit-after", "3jobs"}),
             "zelkad-sim: --replay: prints nothing; give --exit-after requests or a time");
   EXPECT_EQ(refusalOf({"--replay", "a", "--record", "b"}),
-            "zelkad-sim: --replay excludes --record");
+            "zelkad-sim: --replay and --record: exclude each other");
   EXPECT_TRUE(parse({"--replay", "a", "--exit-after", "3requests,1s"}).options);
 }
 

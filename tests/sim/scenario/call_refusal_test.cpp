@@ -37,8 +37,10 @@ TEST(ScenarioTrial, CarriesOutEachCallOnceInOrder) {
 
 TEST(ScenarioTrial, RefusesAWrongCallWithThePlaceOfItsValue) {
   EXPECT_EQ(
-      trial("/steps/0/steps/0/set",
-            {400, R"({"error": {"place": "/drawer/open", "what": "open is 5, but is true or false",
+      trial(
+          "/steps/0/steps/0/set",
+          {400,
+           R"({"error": {"place": "/drawer/open", "what": "in /drawer: open is 5, but is true or false",
                             "remedy": "Send true."}})"}),
       "/steps/0/steps/0/set/drawer/open: open is 5, but is true or false. Send true.");
   EXPECT_EQ(trial("/initial", {400, R"({"error": {"what": "it is bad", "remedy": "Mend it."}})"}),
