@@ -83,8 +83,9 @@ std::vector<std::string> Replay::unmet() const {
     const std::size_t left = port.exchanges.size() - port.next;
     if (left == 0) continue;
     const RecordedExchange& first = port.exchanges[port.next];
-    lines.push_back(std::to_string(left) + " recorded requests did not come (" + name(half) +
-                    "); the first, in " + inLine(first) + ": " + shown(first.request));
+    lines.push_back(std::to_string(left) + " recorded request" + (left == 1 ? "" : "s") +
+                    " did not come (" + name(half) + "); the first, in " + inLine(first) + ": " +
+                    shown(first.request));
   }
   return lines;
 }

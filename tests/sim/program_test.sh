@@ -93,6 +93,27 @@ expect_page() {
   [ "${line%$'\r'}" = "HTTP/1.1 $3" ] || fail "answer \"$line\" instead of $3 for $2"
 }
 
+# A request on a connection of its own, which is closed without a reply.
+expect_closed() {
+  local connection rest
+  exec {connection}<>"/dev/tcp/127.0.0.1/$1" || fail "cannot connect to port $1"
+  printf '%s' "$2" >&"$connection"
+  IFS= read -r -t 60 -d '' rest <&"$connection"
+  [ $? -eq 1 ] && [ -z "$rest" ] || fail "\"$rest\" instead of an end"
+  exec {connection}>&-
+}
+
+# expect_refusal STATUS MESSAGE OPTION...: the program does not start.
+expect_refusal() {
+  local expected=$1 message=$2 status
+  shift 2
+  "${program[@]}" "${any_ports[@]}" "$@" </dev/null >"$dir/out.log" 2>"$dir/refusal.log"
+  status=$?
+  [ "$status" -eq "$expected" ] || fail "exit status $status instead of $expected"
+  [ -s "$dir/out.log" ] && fail "there is output"
+  [ "$(tr -d '\r' <"$dir/refusal.log")" = "$message" ] || fail "not this message: $message"
+}
+
 any_ports=(--port 0)
 check='{"cmd":"checkConnection"}'
 ok='{"result":"0"}'
@@ -275,6 +296,137 @@ has this port. Is another zelkad or zelkad-sim running? Stop it, or choose anoth
 port. Is another zelkad-sim running? Stop it, choose another port with --web-port, or do without the \
 page with --no-web." ] || fail "wrong message"
     expect_page "$web" /nothing '404 Not Found'
+    ;;
+  scenario)
+    # The step acts when the request is carried out: the next one meets the new state, on any connection.
+    cat >"$dir/sale.json" <<'END'
+{"initial": {"scale": {"load_kg": 0.1, "settling_s": 0}},
+ "steps": [{"on": "request", "command": "getweight", "port": "weighing", "log": "more",
+            "set": {"scale": {"load_kg": 0.482}}},
+           {"on": "job", "printer": "Label", "call": [{"method": "PATCH", "path": "/api/drawer",
+            "body": {"open": true}}], "exit": 0}],
+ "expect": {"steps": "all", "jobs": {"Label": 1, "Ticket": 0}, "requests": {"getweight": 2},
+            "results": {"0": 4}, "unknown_commands": 0, "state": {"drawer": {"open": true}}}}
+END
+    start "${any_ports[@]}" --scenario "$dir/sale.json"
+    expect_reply "$weighing" '{"cmd":"getweight"}' '{"result":"0","net":"0.100","tare":"0.000",'`
+      `'"zero":"0","tareType":"N","highResNet":"0.1000","weightUnit":"kg"}'
+    expect_reply "$weighing" '{"cmd":"getweight"}' '{"result":"0","net":"0.482","tare":"0.000",'`
+      `'"zero":"0","tareType":"N","highResNet":"0.4820","weightUnit":"kg"}'
+    expect_ok "$printing" '{"cmd":"printtext","printerType":"0","fontsize":"28","text":"x"}' \
+      '{"cmd":"beginPrint","printerType":"0"}'
+    expect_line '^weighing .*"net":"0\.100"'
+    expect_line '^zelkad-sim: scenario step /steps/0: more$'
+    expect_line '^weighing .*"net":"0\.482"'
+    expect_line '^printing .*"printtext"'
+    expect_line '^zelkad-sim: job 1 on Label, 5 mm$'
+    expect_line '^printing .*"beginPrint"'
+    expect_line '^zelkad-sim: scenario step /steps/1$'
+    expect_line '^zelkad-sim: stopped$'
+    expect_exit 0
+    ;;
+  scenario_unmet)
+    echo '{"steps": [{"on": "connection", "port": "weighing"}, {"on": "job"}],
+      "expect": {"steps": "all", "jobs": {"Ticket": 2}}}' >"$dir/sale.json"
+    start "${any_ports[@]}" --scenario "$dir/sale.json" --console
+    expect_reply "$weighing" "$check" "$ok"
+    echo quit >&"$input"
+    expect_exit 3
+    errors=$(tr -d '\r' <"$dir/err.log")
+    [ "$errors" = "zelkad-sim: scenario $dir/sale.json: /expect/jobs/Ticket: 0 instead of 2
+zelkad-sim: scenario $dir/sale.json: /expect/steps: not all steps acted; /steps/1 still waits for 1 \
+finished job, of which 0 came" ] || fail "wrong message"
+    ;;
+  scenario_exit)
+    echo '{"steps": [{"after_s": 0.01, "exit": 7}]}' >"$dir/sale.json"
+    start "${any_ports[@]}" --scenario "$dir/sale.json"
+    expect_exit 7
+    ;;
+  scenario_refused)
+    echo '{"steps": [{"after_s": 1}, {"set": {"scale": {"load_kg": 2000}}}]}' >"$dir/sale.json"
+    expect_refusal 2 "zelkad-sim: cannot use the scenario $dir/sale.json: /steps/1/set/scale/load_kg: \
+load_kg is 2000, but it has to be a number from -1000 to 1000. Send a number from -1000 to 1000, as in \
+{\"load_kg\": 0.482}." --scenario "$dir/sale.json"
+    echo '{"steps": [{"call": [{"method": "POST", "path": "/api/printer/Ticket/tear"}]}]}' >"$dir/sale.json"
+    expect_refusal 2 "zelkad-sim: cannot use the scenario $dir/sale.json: /steps/0/call/0: there is no \
+path \"/api/printer/Ticket/tear\". GET /api lists the paths that there are." --scenario "$dir/sale.json"
+    printf '{"steps": [\n{"log" 1}]}' >"$dir/sale.json"
+    expect_refusal 2 "zelkad-sim: cannot use the scenario $dir/sale.json: line 2, column 8: this is no \
+JSON (syntax error while parsing object separator - unexpected number literal; expected ':'). Mend it \
+there or just before." --scenario "$dir/sale.json"
+    cd "$dir" || fail "no folder"
+    mkdir folder
+    expect_refusal 2 "zelkad-sim: cannot use the scenario folder: it is a folder" --scenario folder
+    ;;
+  exit_after)
+    start "${any_ports[@]}" --exit-after 2requests,1m
+    expect_reply "$weighing" "$check" "$ok"
+    expect_reply "$printing" '{"cmd":"brew"}' '{"result":"2002"}'
+    expect_line '^weighing '
+    expect_line '^printing '
+    expect_line '^zelkad-sim: stopped$'
+    expect_exit 0
+    ;;
+  exit_after_unmet)
+    start "${any_ports[@]}" --exit-after 1job,2requests,100ms
+    expect_exit 3
+    [ "$(tr -d '\r' <"$dir/err.log")" = "zelkad-sim: --exit-after: 0 jobs instead of 1 and 0 requests \
+instead of 2 when the time was up" ] || fail "wrong message"
+    ;;
+  exit_after_time)
+    start "${any_ports[@]}" --exit-after 100ms
+    expect_line '^zelkad-sim: stopped$'
+    expect_exit 0
+    ;;
+  record)
+    # Bytes that are not UTF-8, and a reply that a fault keeps back, come again in the replay.
+    cd "$dir" || fail "no folder"
+    echo '{"steps": [{"on": "request", "count": 2,
+      "set": {"faults": [{"kind": "close", "port": "printing", "times": 1}]}}]}' >close.json
+    broken=$'{"cmd":"\xE4"}'
+    start "${any_ports[@]}" --load 0.482 --settling 0 --scenario close.json --record "Käse.jsonl" \
+      --exit-after 3requests
+    reply='{"result":"0","net":"0.482","tare":"0.000","zero":"0","tareType":"N","highResNet":"0.4820",'`
+      `'"weightUnit":"kg"}'
+    expect_reply "$weighing" '{"cmd":"getweight"}' "$reply"
+    expect_reply "$weighing" "$broken" '{"result":"7"}'
+    expect_closed "$printing" '{"cmd":"opencashbox"}'
+    expect_exit 0
+    [ "$(wc -l <"Käse.jsonl")" = 4 ] || fail "not three exchanges: $(<"Käse.jsonl")"
+    start "${any_ports[@]}" --quiet --replay "Käse.jsonl" --exit-after 3requests
+    expect_reply "$weighing" '{"cmd":"getweight"}' "$reply"
+    expect_closed "$printing" '{"cmd":"opencashbox"}'
+    expect_reply "$weighing" "$broken" '{"result":"7"}'
+    expect_exit 0
+    [ -s err.log ] && fail "there are messages"
+    ;;
+  replay_unmet)
+    cd "$dir" || fail "no folder"
+    start "${any_ports[@]}" --record sale.jsonl --exit-after 3requests
+    expect_ok "$weighing" "$check" "$check"
+    expect_ok "$printing" '{"cmd":"opencashbox"}'
+    expect_exit 0
+    start "${any_ports[@]}" --replay sale.jsonl --exit-after 3requests
+    expect_ok "$weighing" "$check"
+    expect_reply "$weighing" '{"cmd":"setzero"}' '{"result":"1"}'
+    expect_reply "$weighing" '{"cmd":"setzero"}' '{"result":"1"}'
+    expect_exit 3
+    [ "$(tr -d '\r' <err.log)" = 'zelkad-sim: replay of sale.jsonl: request 2 (weighing) is not the one in line 3
+  expected  {"cmd":"checkConnection"}
+  came      {"cmd":"setzero"}
+                    ^ byte 9
+zelkad-sim: replay of sale.jsonl: 2 of 3 requests are not as recorded; the first: request 2 (weighing) is not the one in line 3
+zelkad-sim: replay of sale.jsonl: 1 recorded request did not come (printing); the first, in line 4: {"cmd":"opencashbox"}' ] ||
+      fail "wrong message"
+    ;;
+  record_refused)
+    cd "$dir" || fail "no folder"
+    expect_refusal 1 "zelkad-sim: cannot write the recording no/sale.jsonl: No such file or directory. \
+Choose another file with --record." --record no/sale.jsonl
+    echo '{"recording":"zelkad-sim","format":1}' >sale.jsonl
+    echo '{"number":1' >>sale.jsonl
+    expect_refusal 2 "zelkad-sim: cannot use the recording sale.jsonl: line 2: this is no JSON. Mend the \
+line, or delete it if it is cut short." --replay sale.jsonl
     ;;
   usage_error)
     "${program[@]}" --load heavy </dev/null >"$dir/out.log" 2>"$dir/refusal.log"

@@ -93,6 +93,13 @@ TEST_F(ReplayTest, RequestsThatDidNotComeAreTold) {
             Lines({"2 recorded requests did not come (printing); the first, in line 3: b"}));
 }
 
+TEST_F(ReplayTest, OneRequestThatDidNotComeIsTold) {
+  recorded(Half::Weighing, "a", "1");
+  begin();
+  EXPECT_EQ(replay_->unmet(),
+            Lines({"1 recorded request did not come (weighing); the first, in line 2: a"}));
+}
+
 TEST_F(ReplayTest, PicturesMayLieInOtherFolders) {
   recorded(Half::Printing,
            R"({"cmd":"printbmpfile","filename":"C:\\VARN\\Log\\prt_0","angle":"0"})", "1");
