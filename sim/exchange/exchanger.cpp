@@ -79,6 +79,7 @@ void setTimes(const std::vector<FaultRule>& rules, Delivery& delivery) {
 
 std::vector<std::string> namesOf(const std::vector<FaultRule>& rules) {
   std::vector<std::string> names;
+  names.reserve(rules.size());
   for (const FaultRule& rule : rules) names.emplace_back(name(rule.kind));
   return names;
 }
@@ -140,7 +141,7 @@ Delivery Exchanger::exchange(const Caller& caller, const JsonSplitter::Piece& pi
   delivery.number = record(caller, std::move(entry), piece.text, delivery);
 
   const Exchange exchange{caller, time, now, piece.text, answer, delivery, faults};
-  for (std::size_t i = 0; i < observers_.size(); ++i) observers_[i](exchange);
+  for (const auto& observer : observers_) observer(exchange);
   return delivery;
 }
 

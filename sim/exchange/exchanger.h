@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -88,7 +89,8 @@ class Exchanger {
   TrafficLog& traffic_;
   // The job that was changed last. Shared with the listener, which the job log keeps for ever.
   std::shared_ptr<int> job_ = std::make_shared<int>(0);
-  std::vector<std::function<void(const Exchange&)>> observers_;
+  // A list, so that an observer may bring another one.
+  std::list<std::function<void(const Exchange&)>> observers_;
 };
 
 }  // namespace tolvex::sim

@@ -69,9 +69,8 @@ bool FaultBoard::drops(Half half) const {
   });
 }
 
-// By index: a listener may add another one.
 void FaultBoard::changed() {
-  for (std::size_t i = 0; i < listeners_.size(); ++i) listeners_[i]();
+  for (const auto& listener : listeners_) listener();
 }
 
 }  // namespace tolvex::sim

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <list>
 #include <string_view>
 #include <vector>
 
@@ -43,7 +44,8 @@ class FaultBoard {
   void changed();
 
   std::vector<FaultRule> rules_;
-  std::vector<std::function<void()>> listeners_;
+  // A list, so that a listener may bring another one.
+  std::list<std::function<void()>> listeners_;
   std::uint64_t lastId_ = 0;
 };
 

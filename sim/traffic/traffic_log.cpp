@@ -137,7 +137,7 @@ void TrafficLog::changed(TrafficEntry& entry) {
   if (listeners_.empty()) return;
   // A listener may change the log, and with it the entry.
   const TrafficEntry copy = entry;
-  for (std::size_t i = 0; i < listeners_.size(); ++i) listeners_[i](copy);
+  for (const auto& listener : listeners_) listener(copy);
 }
 
 // The newest entry is kept in any case: its texts are short enough.

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <list>
 #include <optional>
 #include <string>
 #include <vector>
@@ -136,7 +137,8 @@ class TrafficLog {
   std::deque<TrafficEntry> entries_;
   // Oldest first. An entry stands here for each of its changes, of which only the latest counts.
   std::deque<Change> history_;
-  std::vector<std::function<void(const TrafficEntry&)>> listeners_;
+  // A list, so that a listener may bring another one.
+  std::list<std::function<void(const TrafficEntry&)>> listeners_;
   std::vector<std::function<void(Half)>> connectionListeners_;
   std::size_t bytes_ = 0;
   std::uint64_t lastNumber_ = 0;
