@@ -23,9 +23,9 @@ JobLog& jobsOf(Call& call) { return call.simulation.devices.printers.jobs(); }
 std::shared_ptr<const Job> jobOf(Call& call) {
   const std::uint64_t number = numberIn(call, "job");
   const int newest = jobsOf(call).nextNumber() - 1;
-  const auto job = number <= static_cast<std::uint64_t>(newest)
-                       ? jobsOf(call).find(static_cast<int>(number))
-                       : nullptr;
+  auto job = number <= static_cast<std::uint64_t>(newest)
+                 ? jobsOf(call).find(static_cast<int>(number))
+                 : nullptr;
   if (job) return job;
   throw unknownNumber("job", call.names.at(0), "GET /api/jobs lists those that are kept.");
 }

@@ -22,6 +22,7 @@ struct Member {
 template <typename Row>
 std::vector<std::string> namesOf(const std::vector<Row>& rows) {
   std::vector<std::string> names;
+  names.reserve(rows.size());
   for (const Row& row : rows) names.push_back(row.field.name);
   return names;
 }
