@@ -27,10 +27,13 @@ WaitingRoom::Wish wishOf(Call& call) {
   return wish;
 }
 
+ControlError pointless(const std::string& name, const std::string& event) {
+  return badRequest(name + " means nothing for event=" + event, "Leave it out.");
+}
+
 void refuse(const Call& call, const std::string& event, const std::vector<std::string>& names) {
   for (const std::string& name : names) {
-    if (call.query.count(name) == 0) continue;
-    throw badRequest(name + " means nothing for event=" + event, "Leave it out.");
+    if (call.query.count(name) > 0) throw pointless(name, event);
   }
 }
 
