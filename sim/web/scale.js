@@ -1,12 +1,13 @@
 // The scale: its read-out and what a tester does to it.
 import { patch, post } from './service.js';
-import { byId, setField, setText, watchTyping } from './dom.js';
+import { byId, setAttribute, setField, setText, watchTyping } from './dom.js';
 import { numberIn } from './number_field.js';
 import { attempt, latestOnly, onClick } from './problem.js';
 import { Readout } from './readout.js';
 import { Switch } from './switch.js';
 
 const kPath = '/api/scale';
+const kPatience = 1000; // ms until the simulator's load counts, whatever was sent
 const kKilograms = 'Type kilograms, as in 0.482.';
 
 /// A number that is sent when it was changed and Enter is pressed or the field is left.
@@ -18,8 +19,15 @@ function numberField(field, member, name, remedy = kKilograms) {
   });
 }
 
+/// Returns what shows a load on the slider. What the simulator told before it learnt of the latest move
+/// is not shown, so that the slider never jumps back under the hand.
 function setUpSlider(slider) {
-  const send = latestOnly(slider, (load) => patch(kPath, { load_kg: load }));
+  let expected = null;
+  const sendLatest = latestOnly(slider, (load) => patch(kPath, { load_kg: load }));
+  const send = (load) => {
+    expected = { load, until: performance.now() + kPatience };
+    sendLatest(load);
+  };
   slider.addEventListener('input', () => send(slider.valueAsNumber));
   const steps = { ArrowUp: 1, ArrowRight: 1, ArrowDown: -1, ArrowLeft: -1, PageUp: 100, PageDown: -100 };
   slider.addEventListener('keydown', (event) => {
@@ -30,6 +38,11 @@ function setUpSlider(slider) {
     slider.value = Math.round(slider.valueAsNumber * 1000 + step) / 1000;
     send(slider.valueAsNumber);
   });
+  return (load) => {
+    if (expected !== null && expected.load !== load && performance.now() < expected.until) return;
+    expected = null;
+    if (!slider.matches(':active')) slider.value = load;
+  };
 }
 
 function setUpKeys() {
@@ -44,11 +57,12 @@ function setUpKeys() {
 }
 
 function setUpLoad() {
-  setUpSlider(byId('load-slider'));
+  const showOnSlider = setUpSlider(byId('load-slider'));
   numberField(byId('load'), 'load_kg', 'The load');
   for (const button of document.querySelectorAll('.goods button')) {
     onClick(button, () => patch(kPath, { load_kg: Number(button.dataset.load) }));
   }
+  return showOnSlider;
 }
 
 function setUpFaults() {
@@ -68,7 +82,7 @@ function plateOf({ ranges, min_kg, unit }) {
 
 export function setUpScale(store) {
   const readout = new Readout();
-  setUpLoad();
+  const showOnSlider = setUpLoad();
   setUpKeys();
   const faults = setUpFaults();
   numberField(byId('settling'), 'settling_s', 'The settling time', 'Type seconds, as in 0.5.');
@@ -76,9 +90,8 @@ export function setUpScale(store) {
   store.on('state', ({ scale }) => {
     readout.show(scale);
     setText(byId('plate'), plateOf(scale));
-    const slider = byId('load-slider');
-    if (!slider.matches(':active')) slider.value = scale.load_kg;
-    slider.setAttribute('aria-valuetext', `${scale.load_kg} kg`);
+    showOnSlider(scale.load_kg);
+    setAttribute(byId('load-slider'), 'aria-valuetext', `${scale.load_kg} kg`);
     setField(byId('load'), scale.load_kg);
     setField(byId('settling'), scale.settling_s);
     setField(byId('noise'), scale.noise_kg);

@@ -1,6 +1,7 @@
 // The paper of one printer: its jobs from the oldest at the top to the newest at the print head.
 import { element } from './dom.js';
 import { JobFigure, kGutter } from './job_figure.js';
+import { Sticking } from './sticking.js';
 
 const kNearBottom = 48; // px
 const kPadding = 28;    // px, of the strip to both sides
@@ -9,7 +10,6 @@ const kLargestFit = 1.25;
 
 export class Strip {
   #figures = new Map();
-  #sticks = true;
   #zoom = 'fit';
   #room = 0;          // px across
   #isFollowDue = false;
@@ -23,8 +23,9 @@ export class Strip {
     this.choice = choice;
     this.element = element('div', { class: 'strip', role: 'tabpanel', id: `strip-${name}`, tabIndex: 0, 'aria-labelledby': `tab-${name}` },
       this.#empty, this.#list, element('div', { class: 'print-head', 'aria-hidden': 'true' }, element('span', {}, 'print head')));
-    this.#newest.addEventListener('click', () => { this.#sticks = true; this.follow(); });
+    this.#newest.addEventListener('click', () => { this.sticking.sticks = true; this.follow(); });
     this.frame = element('div', { class: 'strip-frame', hidden: true }, this.element, this.#newest);
+    this.sticking = new Sticking(this.element, kNearBottom);
     this.element.addEventListener('scroll', () => this.#scrolled(), { passive: true });
     this.near = new IntersectionObserver((entries) => this.#cameNear(entries), { root: this.element, rootMargin: '800px 0px' });
     new ResizeObserver(() => this.#resize()).observe(this.element);
@@ -46,7 +47,7 @@ export class Strip {
     }
     figure.update(job);
     this.#empty.hidden = true;
-    if (!this.#sticks) this.#newest.hidden = false;
+    if (!this.sticking.sticks) this.#newest.hidden = false;
     this.follow();
   }
 
@@ -106,18 +107,17 @@ export class Strip {
 
   /// Keeps the print head in view while the reader is there.
   follow() {
-    if (!this.#sticks || this.#isFollowDue) return;
+    if (!this.sticking.sticks || this.#isFollowDue) return;
     this.#isFollowDue = true;
     requestAnimationFrame(() => {
       this.#isFollowDue = false;
-      if (this.#sticks) this.element.scrollTop = this.element.scrollHeight;
+      this.sticking.toEnd();
     });
   }
 
   #scrolled() {
-    const { scrollTop, scrollHeight, clientHeight } = this.element;
-    this.#sticks = scrollHeight - scrollTop - clientHeight < kNearBottom;
-    if (this.#sticks) this.#newest.hidden = true;
+    this.sticking.scrolled();
+    if (this.sticking.sticks) this.#newest.hidden = true;
   }
 
   #cameNear(entries) {
@@ -132,7 +132,7 @@ export class Strip {
   reveal(number) {
     const figure = this.#figures.get(number);
     if (!figure) return false;
-    this.#sticks = false;
+    this.sticking.sticks = false;
     figure.element.scrollIntoView({ block: 'nearest', behavior: 'instant' });
     this.#scrolled();
     figure.point();

@@ -1,5 +1,6 @@
 // A list of any length of which only the rows in view are in the document.
 import { element, setAttribute } from './dom.js';
+import { Sticking } from './sticking.js';
 
 const kSpare = 6;  // rows kept above and below the view
 
@@ -17,7 +18,6 @@ export class VirtualList {
   #entries = [];
   #rows = [];
   #chosenKey = null;
-  #sticks = true;
   #isDue = false;
 
   constructor(options) {
@@ -27,6 +27,7 @@ export class VirtualList {
     this.empty = element('p', { class: 'empty' }, options.empty ?? '');
     this.view = element('div', { class: 'list-view', tabIndex: 0, role: 'grid', 'aria-label': options.label, id: options.id },
       element('div', { class: 'list-row list-head', role: 'row', 'aria-rowindex': '1' }, ...heads), this.empty, this.body);
+    this.sticking = new Sticking(this.view, options.rowHeight);
     this.view.addEventListener('scroll', () => this.#scrolled(), { passive: true });
     this.view.addEventListener('keydown', (event) => this.#key(event));
     this.body.addEventListener('click', (event) => this.#click(event));
@@ -62,7 +63,7 @@ export class VirtualList {
   reveal(key) {
     const index = this.#indexOf(key);
     if (index < 0) return false;
-    this.#sticks = false;
+    this.sticking.sticks = false;
     this.#draw();
     const top = index * this.options.rowHeight;
     const room = this.view.clientHeight - this.options.rowHeight;
@@ -75,8 +76,7 @@ export class VirtualList {
   #indexOf(key) { return this.#entries.findIndex((entry) => this.options.keyOf(entry) === key); }
 
   #scrolled() {
-    const { scrollTop, scrollHeight, clientHeight } = this.view;
-    this.#sticks = scrollHeight - scrollTop - clientHeight < this.options.rowHeight;
+    this.sticking.scrolled();
     this.refresh();
   }
 
@@ -86,7 +86,7 @@ export class VirtualList {
     this.body.style.height = `${count * rowHeight}px`;
     this.empty.hidden = count > 0;
     setAttribute(this.view, 'aria-rowcount', count + 1);
-    if (this.#sticks) this.view.scrollTop = this.view.scrollHeight;
+    this.sticking.toEnd();
     const first = Math.max(0, Math.floor(this.view.scrollTop / rowHeight) - kSpare);
     const last = Math.min(count, Math.ceil((this.view.scrollTop + this.view.clientHeight) / rowHeight) + kSpare);
     this.#haveRows(Math.max(0, last - first));

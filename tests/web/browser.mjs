@@ -5,7 +5,7 @@ import path from 'node:path';
 import { after, before, test as nodeTest } from 'node:test';
 import { Simulator } from './simulator.mjs';
 
-const kPatience = 10000;
+const kPatience = 20000;
 
 function launchBrowser() {
   const modules = process.env.TOLVEX_NODE_MODULES;
