@@ -13,6 +13,7 @@ export function clockWithMilliseconds(iso) {
 
 export function duration(milliseconds) {
   if (milliseconds === null || milliseconds === undefined) return '';
+  if (milliseconds < 0.1) return '<0.1 ms';
   if (milliseconds < 10) return `${milliseconds.toFixed(1)} ms`;
   if (milliseconds < 1000) return `${Math.round(milliseconds)} ms`;
   return `${(milliseconds / 1000).toFixed(1)} s`;

@@ -54,6 +54,13 @@ test('a load that is refused is shown with its remedy and stays in the field', a
   await until(() => page.$('#scale .problem').count(), (count) => count === 0, 'the refusal was to go');
 });
 
+test('a refusal is dismissed', async ({ page }) => {
+  page.expectRefusals();
+  await page.type('#load', '2000');
+  await page.role('button', 'Dismiss', '#scale .problem').click();
+  assert.equal(await page.$('#scale .problem').count(), 0);
+});
+
 test('the slider moves by grams, tens and hundreds of grams on the keyboard', async ({ page, sim }) => {
   await page.$('#load-slider').focus();
   for (const [key, kg] of [['ArrowRight', 0.001], ['ArrowUp', 0.002], ['Shift+ArrowUp', 0.012], ['PageUp', 0.112], ['ArrowLeft', 0.111],

@@ -85,6 +85,23 @@ test('a fault acts as often as it was said, and then is gone', async ({ page, we
   assert.equal((await weighing.ask(kWeigh)).result, '0');
 });
 
+test('a fault without a number acts until it is switched off', async ({ page, sim, weighing }) => {
+  await opened(page);
+  await page.$('#fault-kind').selectOption('result');
+  await page.$('#fault-code').fill('1006');
+  await page.$('#fault-endless').check();
+  await page.role('button', 'Make the fault').click();
+  await page.shows('#rules .quiet', 'until switched off, not yet used');
+  assert.equal((await rulesOf(sim))[0].times, null);
+  for (const used of ['used once', 'used 2 times']) {
+    assert.equal((await weighing.ask(kWeigh)).result, '1006');
+    await page.shows('#rules .quiet', `until switched off, ${used}`);
+  }
+  await page.role('button', 'Switch off: every command (both ports): answer result 1006, not carried out').click();
+  await page.shows('#wire-count', 'none');
+  assert.equal((await weighing.ask(kWeigh)).result, '0');
+});
+
 test('several faults are in force at once, and each is switched off alone', async ({ page, sim }) => {
   await page.role('button', 'Answer in two pieces').click();
   await page.role('button', 'Delay 2 s').click();
