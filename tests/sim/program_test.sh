@@ -398,7 +398,7 @@ instead of 2 when the time was up" ] || fail "wrong message"
     expect_closed "$printing" '{"cmd":"opencashbox"}'
     expect_reply "$weighing" "$broken" '{"result":"7"}'
     expect_exit 0
-    [ -s err.log ] && fail "there are messages"
+    [ ! -s err.log ] || fail "there are messages"
     ;;
   replay_unmet)
     cd "$dir" || fail "no folder"
