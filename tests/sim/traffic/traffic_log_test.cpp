@@ -227,5 +227,14 @@ TEST_F(TrafficLogTest, RestartBeginsAtOneAgain) {
   EXPECT_EQ(log_.add(entry()), 1U);
 }
 
+TEST_F(TrafficLogTest, TellsWhoeverListensOfConnections) {
+  std::vector<Half> told;
+  log_.listenToConnections([&told](Half half) { told.push_back(half); });
+  log_.connected(Half::Printing, "127.0.0.1:1");
+  log_.disconnected(Half::Printing);
+  log_.connected(Half::Weighing, "127.0.0.1:2");
+  EXPECT_EQ(told, std::vector<Half>({Half::Printing, Half::Weighing}));
+}
+
 }  // namespace
 }  // namespace tolvex::sim
