@@ -102,6 +102,13 @@ void Automation::attach(Simulation& simulation, Exchanger& exchanger) {
   withholdNext(Half::Printing);
 }
 
+void Automation::restored() {
+  finished_.clear();
+  if (scenario_) scenario_->prepare();
+  withholdNext(Half::Weighing);
+  withholdNext(Half::Printing);
+}
+
 void Automation::start() {
   end_.start();
   if (scenario_) scenario_->start();

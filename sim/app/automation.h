@@ -57,6 +57,9 @@ class Automation {
   /// live as long as this.
   void attach(Simulation& simulation, Exchanger& exchanger);
 
+  /// The simulation was restored: sets the scenario's initial state again. Its steps go on.
+  void restored();
+
   /// The run begins: the ports are open.
   void start();
 

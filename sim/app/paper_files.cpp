@@ -4,8 +4,8 @@
 #include <filesystem>
 #include <utility>
 
-#include "devices/job_file_name.h"
 #include "app/unfinished_file.h"
+#include "devices/job_file_name.h"
 #include "paper/render.h"
 
 namespace tolvex::sim {

@@ -30,4 +30,9 @@ Reply Service::answer(Half half, std::string_view request, TimePoint now) {
       {*parsed, devices_, weighing ? weighingLogLevel_ : printingLogLevel_, loadPicture_, now});
 }
 
+void Service::restore() {
+  weighingLogLevel_ = kLogLevel;
+  printingLogLevel_ = kLogLevel;
+}
+
 }  // namespace tolvex::sim

@@ -28,11 +28,16 @@ class Service {
   /// then whatever the command says.
   Reply answer(Half half, std::string_view request, TimePoint now);
 
+  /// Forgets what clients have set: the log levels are those of the start. The devices stay.
+  void restore();
+
  private:
+  static constexpr char kLogLevel[] = "5";
+
   Devices& devices_;
   PictureLoader loadPicture_;
-  std::string weighingLogLevel_ = "5";
-  std::string printingLogLevel_ = "5";
+  std::string weighingLogLevel_ = kLogLevel;
+  std::string printingLogLevel_ = kLogLevel;
 };
 
 }  // namespace tolvex::sim

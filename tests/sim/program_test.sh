@@ -93,6 +93,17 @@ expect_page() {
   [ "${line%$'\r'}" = "HTTP/1.1 $3" ] || fail "answer \"$line\" instead of $3 for $2"
 }
 
+# A POST to the page's port, whose answer has to begin with the status.
+expect_post() {
+  local connection line
+  exec {connection}<>"/dev/tcp/127.0.0.1/$1" || fail "cannot connect to port $1"
+  printf 'POST %s HTTP/1.1\r\nHost: 127.0.0.1:%s\r\nContent-Length: 0\r\nConnection: close\r\n\r\n' "$2" "$1" \
+    >&"$connection"
+  IFS= read -r -t 60 line <&"$connection"
+  exec {connection}>&-
+  [ "${line%$'\r'}" = "HTTP/1.1 $3" ] || fail "answer \"$line\" instead of $3 for $2"
+}
+
 # A request on a connection of its own, which is closed without a reply.
 expect_closed() {
   local connection rest
@@ -133,6 +144,25 @@ case $case_name in
     expect_line '^printing 127\.0\.0\.1:[0-9]+ \{"cmd":"brew"\} -> \{"result":"2002"\}$'
     expect_reply "$weighing" '{"cmd":"getweight"}' '{"result":"0","net":"0.482","tare":"0.000",'`
       `'"zero":"0","tareType":"N","highResNet":"0.4820","weightUnit":"kg"}'
+    ;;
+  reset)
+    printf '{"initial": {"scale": {"load_kg": 0.482, "settling_s": 0}}}' >"$dir/scenario.json"
+    start "${any_ports[@]}" --quiet --scenario "$dir/scenario.json" --paper-dir "$dir/paper"
+    line='{"cmd":"printtext","printerType":"1","fontsize":"24","text":"begun"}'
+    expect_page "$web" /api/wait?event=request\&timeout_s=0 "408 Request Timeout"
+    expect_ok "$weighing" "$check" '{"cmd":"setloglevel","module":"loadcell","level":"2"}'
+    expect_ok "$printing" "$line"
+    expect_post "$web" /api/reset "200 OK"
+    [ "$(tr -d '\r' <"$dir/paper/job-0001-Ticket.txt")" = begun ] || fail "the job that was begun is not kept"
+    expect_reply "$weighing" '{"cmd":"getloglevel","module":"loadcell"}' '{"result":"0","level":"5"}'
+    expect_page "$web" /api/jobs/1 "404 Not Found"
+    expect_ok "$printing" "${line/begun/anew}" '{"cmd":"beginPrint","printerType":"1"}'
+    expect_page "$web" /api/jobs/1 "200 OK"
+    expect_reply "$weighing" '{"cmd":"getweight"}' '{"result":"0","net":"0.482","tare":"0.000",'`
+      `'"zero":"0","tareType":"N","highResNet":"0.4820","weightUnit":"kg"}'
+    [ "$(tr -d '\r' <"$dir/paper/job-0001-Ticket.txt")" = anew ] || fail "the numbers do not begin again"
+    kill -INT "$pid"
+    expect_exit 0
     ;;
   picture_refused)
     cd "$dir" || fail "no folder"

@@ -46,6 +46,16 @@ TEST_F(JobAnnouncerTest, AJobThatACutFinishesIsCutFromTheStart) {
   EXPECT_EQ(announcer_.announce(cut), "job 1 on Ticket, 4 mm, cut");
 }
 
+TEST_F(JobAnnouncerTest, AJobThatBeginsIsNewWhateverItsNumber) {
+  Job before = job(1);
+  before.finish();
+  announcer_.announce(before);
+  Job again = job(1);
+  announcer_.printing(again);
+  again.finish();
+  EXPECT_EQ(announcer_.announce(again), "job 1 on Ticket, 4 mm");
+}
+
 TEST_F(JobAnnouncerTest, KnowsTheJobsOfEveryPrinter) {
   Job ticket = job(1);
   ticket.finish();

@@ -55,6 +55,15 @@ TEST_F(ServiceTest, EachHalfHasItsOwnLogLevel) {
   EXPECT_EQ(printing(R"({"cmd":"getloglevel","module":"print"})"), R"({"result":"0","level":"5"})");
 }
 
+TEST_F(ServiceTest, RestoringBringsTheLogLevelsOfTheStartBack) {
+  weighing(R"({"cmd":"setloglevel","module":"loadcell","level":"2"})");
+  printing(R"({"cmd":"setloglevel","module":"print","level":"7"})");
+  service_.restore();
+  EXPECT_EQ(weighing(R"({"cmd":"getloglevel","module":"loadcell"})"),
+            R"({"result":"0","level":"5"})");
+  EXPECT_EQ(printing(R"({"cmd":"getloglevel","module":"print"})"), R"({"result":"0","level":"5"})");
+}
+
 TEST_F(ServiceTest, RepliesFitTheBuffersOfClients) {
   ScaleConfig config;
   config.unit = "\"\"\"\"";
