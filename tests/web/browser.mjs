@@ -88,7 +88,8 @@ export function suite(options = {}) {
   let sim;
   let browser;
   before(async () => {
-    [sim, browser] = await Promise.all([Simulator.start(options.simulator ?? []), launchBrowser()]);
+    sim = await Simulator.start(options.simulator ?? []);
+    browser = await launchBrowser();
   });
   after(async () => {
     await browser?.close();
