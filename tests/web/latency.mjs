@@ -4,7 +4,9 @@ import { createRequire } from 'node:module';
 import path from 'node:path';
 import { Simulator } from './simulator.mjs';
 
-const kJobs = Number(process.argv[2] ?? 100);
+// The simulator keeps no more jobs than the most.
+const kMostJobs = 500;
+const kJobs = Math.min(Number(process.argv[2] ?? 100), kMostJobs);
 const kLines = 20;
 
 function watch() {
