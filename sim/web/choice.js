@@ -1,20 +1,11 @@
 // Which printer, job and exchange the page looks at: the parts of the page agree on it here.
+import { Topics } from './topics.js';
 
-/// Topics: "printer" (a name), "job" (a number, with how it was chosen), "exchange" (a number or null),
+/// Topics: "printer" (a name), "job" (the number of one to be shown), "exchange" (a number or null),
 /// "jobFilter" (a number or null), "view".
-export class Choice {
-  #listeners = new Map();
+export class Choice extends Topics {
   printer = null;
   exchange = null;
-
-  on(topic, listener) {
-    if (!this.#listeners.has(topic)) this.#listeners.set(topic, []);
-    this.#listeners.get(topic).push(listener);
-  }
-
-  tell(topic, detail) {
-    for (const listener of this.#listeners.get(topic) ?? []) listener(detail);
-  }
 
   choosePrinter(name) {
     if (this.printer === name) return;

@@ -1,8 +1,9 @@
 // What the page knows of the simulator: its state, its exchanges and its print jobs.
+import { Topics } from './topics.js';
 
-/// Listeners by topic: "state", "exchanges", "jobs", "forgotten", "link".
-export class Store {
-  #listeners = new Map();
+/// Topics: "state", "exchanges" (those that changed), "jobs" (those that changed), "jobs-differ" (some
+/// are gone), "forgotten" (all are), "link" (whether the simulator is there).
+export class Store extends Topics {
   #byNumber = new Map();
 
   state = null;
@@ -12,15 +13,6 @@ export class Store {
   jobs = new Map();
   revision = 0;
   isLinked = false;
-
-  on(topic, listener) {
-    if (!this.#listeners.has(topic)) this.#listeners.set(topic, []);
-    this.#listeners.get(topic).push(listener);
-  }
-
-  tell(topic, detail) {
-    for (const listener of this.#listeners.get(topic) ?? []) listener(detail);
-  }
 
   exchange(number) { return this.#byNumber.get(number); }
 

@@ -1,18 +1,10 @@
 // The page in a browser, and what a test may ask about it.
 import assert from 'node:assert/strict';
-import { createRequire } from 'node:module';
-import path from 'node:path';
 import { after, before, test as nodeTest } from 'node:test';
+import { launchBrowser } from './chromium.mjs';
 import { Simulator } from './simulator.mjs';
 
 const kPatience = 20000;
-
-function launchBrowser() {
-  const modules = process.env.TOLVEX_NODE_MODULES;
-  if (!modules) throw new Error('TOLVEX_NODE_MODULES is not set. Start these tests by CTest.');
-  const { chromium } = createRequire(path.join(modules, 'from-here.js'))('playwright-core');
-  return chromium.launch({ executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium', args: ['--no-sandbox', '--disable-gpu'] });
-}
 
 /// Waits until the value that `read` tells satisfies, at most for as long as a loaded machine may take.
 export async function until(read, isSatisfied, what) {

@@ -1,7 +1,6 @@
 // Measures how long after beginPrint a job stands finished on the page, and how long until its paper is
 // drawn. Both clocks are this machine's.
-import { createRequire } from 'node:module';
-import path from 'node:path';
+import { launchBrowser } from './chromium.mjs';
 import { Simulator } from './simulator.mjs';
 
 // The simulator keeps no more jobs than the most.
@@ -29,9 +28,8 @@ function report(name, times) {
   console.log(`${name}: median ${at(0.5)} ms, 95 % ${at(0.95)} ms, longest ${at(1)} ms`);
 }
 
-const { chromium } = createRequire(path.join(process.env.TOLVEX_NODE_MODULES, 'from-here.js'))('playwright-core');
 const sim = await Simulator.start();
-const browser = await chromium.launch({ executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium', args: ['--no-sandbox', '--disable-gpu'] });
+const browser = await launchBrowser();
 try {
   const page = await browser.newPage({ viewport: { width: 1280, height: 900 } });
   await page.goto(sim.url);

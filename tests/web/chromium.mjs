@@ -1,0 +1,10 @@
+// The browser that is driven.
+import { createRequire } from 'node:module';
+import path from 'node:path';
+
+export function launchBrowser() {
+  const modules = process.env.TOLVEX_NODE_MODULES;
+  if (!modules) throw new Error('TOLVEX_NODE_MODULES is not set. Start these tests by CTest, or see tests/web/CMakeLists.txt.');
+  const { chromium } = createRequire(path.join(modules, 'from-here.js'))('playwright-core');
+  return chromium.launch({ executablePath: process.env.CHROMIUM ?? '/usr/bin/chromium', args: ['--no-sandbox', '--disable-gpu'] });
+}
