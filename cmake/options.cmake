@@ -24,6 +24,9 @@ endif()
 if(WIN32)
   # Everything is linked in, so that programs and library need Windows' own DLLs only.
   target_compile_definitions(tolvex_options INTERFACE _WIN32_WINNT=0x0601)
+  # A caller relies on which registers an inline function leaves alone, but the linker may keep another
+  # file's copy of that function, which uses others. GCC takes this into account for ELF only.
+  target_compile_options(tolvex_options INTERFACE -fno-ipa-ra)
   target_link_options(tolvex_options INTERFACE -static
     -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
 else()
