@@ -14,7 +14,7 @@ namespace {
 
 constexpr std::size_t kMaxQuoted = 100;
 
-std::string quoted(std::string_view text) { return "\"" + printable(text, kMaxQuoted) + "\""; }
+std::string inQuotes(std::string_view text) { return "\"" + printable(text, kMaxQuoted) + "\""; }
 
 bool isAllowed(std::string_view method) {
   constexpr std::array<std::string_view, 7> kMethods{"GET",   "HEAD",   "POST",   "PUT",
@@ -30,12 +30,12 @@ HttpResponse with(HttpResponse response, const std::string& name, const std::str
 std::optional<HttpResponse> refuseBody(const HttpHead& head) {
   const std::string_view coding = head.first("Transfer-Encoding");
   if (!coding.empty() && !equalIgnoringCase(coding, "chunked")) {
-    return httpError(501, "the body is sent as " + quoted(coding),
+    return httpError(501, "the body is sent as " + inQuotes(coding),
                      "Send it plainly, with Content-Length or as chunked.");
   }
   const std::string_view packing = head.first("Content-Encoding");
   if (!packing.empty() && !equalIgnoringCase(packing, "identity")) {
-    return httpError(415, "the body is packed as " + quoted(packing), "Send it unpacked.");
+    return httpError(415, "the body is packed as " + inQuotes(packing), "Send it unpacked.");
   }
   return std::nullopt;
 }
@@ -46,12 +46,12 @@ std::optional<HttpResponse> refuseHead(const HttpHead& head,
                                        const std::optional<HttpTarget>& target,
                                        const WebAddress& server) {
   if (!target) {
-    return httpError(400, "the address " + quoted(head.target) + " can not be read",
+    return httpError(400, "the address " + inQuotes(head.target) + " can not be read",
                      "Send a path such as /api/state, in UTF-8 and with % escapes of two digits.");
   }
   if (auto refusal = refuseForeign(head, *target, server)) return refusal;
   if (!isAllowed(head.method)) {
-    return with(httpError(405, "the method " + quoted(head.method) + " is not known here",
+    return with(httpError(405, "the method " + inQuotes(head.method) + " is not known here",
                           std::string("Use one of ") + kAllowedMethods + "."),
                 "Allow", kAllowedMethods);
   }
@@ -60,7 +60,7 @@ std::optional<HttpResponse> refuseHead(const HttpHead& head,
 
 std::optional<HttpResponse> refuseHandshake(const HttpHead& head, const HttpTarget& target) {
   if (target.path != kLivePath) {
-    return httpError(404, "there is no live channel at " + quoted(target.path),
+    return httpError(404, "there is no live channel at " + inQuotes(target.path),
                      std::string("Open the WebSocket at ") + kLivePath + ".");
   }
   constexpr std::size_t kKeyLength = 24;  // 16 bytes in Base64
