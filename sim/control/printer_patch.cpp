@@ -79,7 +79,7 @@ void planStock(Printer& printer, const Json& patch, Plan& plan) {
   plan.add([&printer, stock = stockFrom(printer, patch)] { printer.setStock(stock); });
 }
 
-void planPrinterFaults(Printer& printer, const Json& patch, Plan& plan) {
+void planFaultsThatAre(bool on, Printer& printer, const Json& patch, Plan& plan) {
   std::vector<std::string> names;
   for (const PrinterFaultRow& row : printerFaults()) names.emplace_back(row.name);
   checkObject(patch, "the faults of a printer", names);
@@ -87,9 +87,16 @@ void planPrinterFaults(Printer& printer, const Json& patch, Plan& plan) {
     const auto found = patch.find(row.name);
     if (found == patch.end()) continue;
     check({row.name, FieldType::Flag, "true"}, *found);
-    plan.add(
-        [&printer, fault = row.fault, on = found->get<bool>()] { printer.setFault(fault, on); });
+    if (*found == on) plan.add([&printer, fault = row.fault, on] { printer.setFault(fault, on); });
   }
+}
+
+void planMendedFaults(Printer& printer, const Json& patch, Plan& plan) {
+  planFaultsThatAre(false, printer, patch, plan);
+}
+
+void planMadeFaults(Printer& printer, const Json& patch, Plan& plan) {
+  planFaultsThatAre(true, printer, patch, plan);
 }
 
 struct Wish {
@@ -146,10 +153,13 @@ void planPaperMembers(Printer& printer, const Json& patch, Plan& plan) {
 }  // namespace
 
 void planPrinter(Printer& printer, const Json& patch, Plan& plan) {
-  static const std::vector<Part> parts = {{"faults", planPrinterFaults},
+  // Mending a printer that is out of paper puts an endless roll in, and new paper mends that fault:
+  // what the same patch says of the paper comes after the one and before the other.
+  static const std::vector<Part> parts = {{"faults", planMendedFaults},
                                           {"paper", planPaperMembers},
                                           {"stock", planStock},
-                                          {"settings", planSettings}};
+                                          {"settings", planSettings},
+                                          {"faults", planMadeFaults}};
   checkObject(patch, "a printer", {"faults", "paper", "stock", "settings"});
   for (const Part& part : parts) {
     const auto found = patch.find(part.name);

@@ -261,7 +261,8 @@ void Printer::beginFreshPaper(std::shared_ptr<Job> job) {
 
 void Printer::setPaperLeft(std::optional<int> left) {
   if (left) left = std::clamp(*left, 0, kMostPaper);
-  if (supply_.isEmpty() && left != 0) {
+  const bool isOut = supply_.isEmpty() || hasFault(PrinterFault::OutOfPaper);
+  if (isOut && left != 0) {
     loadPaper(left);
   } else {
     supply_.setLeft(left);

@@ -67,7 +67,8 @@ class Printer {
 
   /// What the head can still reach of the paper, in dots, 0 to kMostPaper; nothing: it never ends.
   std::optional<int> paperLeft() const { return supply_.left(); }
-  /// Sets it; values out of bounds become the nearest one. More than 0 after 0 loads a new roll.
+  /// Sets it; values out of bounds become the nearest one. On a printer that is out of paper, more
+  /// than 0 loads a new roll, which ends the fault OutOfPaper.
   void setPaperLeft(std::optional<int> left);
 
   /// What lies in the printer: the labels with the position of the head, null on a roll without.

@@ -29,6 +29,11 @@ TEST_F(PaperConsoleTest, PaperCanBeRunningOut) {
   EXPECT_EQ(type("paper-left 0.3"), "ok Ticket, 0.25 mm of paper left, state 0 OK");
 }
 
+TEST_F(PaperConsoleTest, PaperMendsTheFaultOfHavingNone) {
+  EXPECT_EQ(type("fault out-of-paper on"), "ok Ticket out-of-paper on, state 2006 Out of Paper");
+  EXPECT_EQ(type("paper-left 100"), "ok Ticket, 100 mm of paper left, state 0 OK");
+}
+
 TEST_F(PaperConsoleTest, PaperIsLoaded) {
   type("paper-left 0");
   EXPECT_EQ(type("load-paper"), "ok Ticket loaded, endless paper, state 0 OK");

@@ -164,6 +164,22 @@ TEST_F(PrinterRoutesTest, LoadPaper) {
             "400");
 }
 
+TEST_F(PrinterRoutesTest, PaperMendsTheFaultOfHavingNone) {
+  EXPECT_EQ(patchLabel(R"({"faults":{"out-of-paper":true}})").at("result"), 2006);
+  EXPECT_EQ(patchLabel(R"({"paper":{"left_mm":0}})").at("result"), 2006);
+  auto now = patchLabel(R"({"paper":{"left_mm":100}})");
+  EXPECT_EQ(now.at("result"), 0);
+  EXPECT_EQ(now.at("faults").at("out-of-paper"), false);
+  EXPECT_EQ(now.at("paper").at("left_mm"), 100);
+  // A patch that says both means both.
+  now = patchLabel(R"({"faults":{"out-of-paper":true},"paper":{"left_mm":50}})");
+  EXPECT_EQ(now.at("faults").at("out-of-paper"), true);
+  EXPECT_EQ(now.at("paper").at("left_mm"), 50);
+  now = patchLabel(R"({"faults":{"out-of-paper":false},"paper":{"left_mm":0}})");
+  EXPECT_EQ(now.at("faults").at("out-of-paper"), false);
+  EXPECT_EQ(now.at("paper").at("left_mm"), 0);
+}
+
 TEST_F(PrinterRoutesTest, Calibrate) {
   patchLabel(R"({"stock":{"label_mm":50}})");
   const auto now = json("POST", "/api/printers/Label/calibrate");

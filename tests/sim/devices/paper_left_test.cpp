@@ -175,6 +175,23 @@ TEST_F(PaperLeft, LoadingMendsTheFault) {
   EXPECT_EQ(ticket_.status(), ResultCode::Ok);
 }
 
+TEST_F(PaperLeft, MoreThanNothingMendsTheFault) {
+  ticket_.setPaperLeft(100);
+  ticket_.printText("a", 24);
+  ticket_.setFault(PrinterFault::OutOfPaper, true);
+  ticket_.setPaperLeft(0);
+  EXPECT_TRUE(ticket_.hasFault(PrinterFault::OutOfPaper));
+  ticket_.setPaperLeft(500);
+  EXPECT_FALSE(ticket_.hasFault(PrinterFault::OutOfPaper));
+  EXPECT_EQ(ticket_.status(), ResultCode::Ok);
+  EXPECT_EQ(ticket_.printText("b", 24), ResultCode::Ok);
+  EXPECT_EQ(ticket_.paperLeft(), 470);
+  EXPECT_EQ(paperOf(1), (Items{"\"a\"@24", "end of roll", "\"b\"@24"}));
+  ticket_.setFault(PrinterFault::OutOfPaper, true);
+  ticket_.setPaperLeft(std::nullopt);
+  EXPECT_EQ(ticket_.status(), ResultCode::Ok);
+}
+
 TEST_F(PaperLeft, StaysWithinItsBounds) {
   ticket_.setPaperLeft(-1);
   EXPECT_EQ(ticket_.paperLeft(), 0);
