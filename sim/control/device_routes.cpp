@@ -88,14 +88,43 @@ Answer loadPaper(Call& call) {
   return getPrinter(call);
 }
 
+// What has to be done so that there is a label gap to be found.
+std::string remedyForGap(const Printer& printer) {
+  if (!printer.hasLabels()) return "Choose a printer with labels.";
+  const std::string patch = "PATCH /api/printers/" + printer.name() + " ";
+  switch (printer.stock()->kind) {
+    case StockKind::Continuous:
+      return "Put labels in, since continuous stock has no gap to be found: " + patch +
+             R"({"stock": {"kind": "gap"}}.)";
+    case StockKind::Mark:
+      return "Set the gap type to 2, which finds marks: " + patch +
+             R"({"settings": {"gap-type": 2}}; or put labels with gaps in.)";
+    case StockKind::Gap:
+      break;
+  }
+  return "Set the gap type to 1, which finds gaps: " + patch +
+         R"({"settings": {"gap-type": 1}}; or put labels with marks in.)";
+}
+
+std::string remedyForCalibration(const Printer& printer, ResultCode code) {
+  switch (code) {
+    case ResultCode::PrtDrvReturnError:
+      return remedyForGap(printer);
+    case ResultCode::TooMuchToPrint:
+      return "Tear the paper off: POST /api/printers/" + printer.name() + "/tear.";
+    case ResultCode::OutOfPaper:
+      return "Put paper in: POST /api/printers/" + printer.name() + "/load-paper.";
+    default:
+      return "Mend its faults: PATCH /api/printers/" + printer.name() + ".";
+  }
+}
+
 Answer calibrate(Call& call) {
   Printer& printer = printerOf(call);
   const ResultCode code = printer.calibrateLabelGap();
   if (code == ResultCode::Ok) return getPrinter(call);
   throw ControlError(code, printer.name() + " refuses to calibrate the label gap: " + message(code),
-                     printer.hasLabels()
-                         ? "Mend its faults: PATCH /api/printers/" + printer.name() + "."
-                         : "Choose a printer with labels.");
+                     remedyForCalibration(printer, code));
 }
 
 Answer getDrawer(Call& call) { return jsonResponse(drawerView(call.simulation.devices.drawer)); }

@@ -1,4 +1,6 @@
 // The printers over the API.
+#include <algorithm>
+
 #include "api_fixture.h"
 
 namespace tolvex::sim {
@@ -195,6 +197,36 @@ TEST_F(PrinterRoutesTest, Calibrate) {
   const HttpResponse refused = api_.call("POST", "/api/printers/Label/calibrate");
   EXPECT_EQ(refused.status, 409);
   EXPECT_EQ(nlohmann::json::parse(refused.body).at("result"), 2005);
+}
+
+TEST_F(PrinterRoutesTest, SayWhatKeepsThemFromCalibrating) {
+  const auto refuse = [&](const std::string& patch) {
+    patchLabel(patch);
+    const std::string text = refusal("POST", "/api/printers/Label/calibrate");
+    return text.substr(std::min(text.find(" | "), text.size()));
+  };
+  const std::string patch = "PATCH /api/printers/Label ";
+  EXPECT_EQ(refuse(R"({"stock":{"kind":"mark"}})"),
+            " | Set the gap type to 2, which finds marks: " + patch +
+                R"({"settings": {"gap-type": 2}}; or put labels with gaps in.)");
+  EXPECT_EQ(refuse(R"({"settings":{"gap-type":0}})"),
+            " | Set the gap type to 2, which finds marks: " + patch +
+                R"({"settings": {"gap-type": 2}}; or put labels with gaps in.)");
+  EXPECT_EQ(refuse(R"({"stock":{"kind":"gap"},"settings":{"gap-type":2}})"),
+            " | Set the gap type to 1, which finds gaps: " + patch +
+                R"({"settings": {"gap-type": 1}}; or put labels with marks in.)");
+  EXPECT_EQ(refuse(R"({"stock":{"kind":"continuous"},"settings":{"gap-type":1}})"),
+            " | Put labels in, since continuous stock has no gap to be found: " + patch +
+                R"({"stock": {"kind": "gap"}}.)");
+  EXPECT_EQ(refuse(R"({"paper":{"left_mm":0}})"),
+            " | Put paper in: POST /api/printers/Label/load-paper.");
+  EXPECT_EQ(refuse(R"({"paper":{"left_mm":null},"faults":{"hot":true}})"),
+            " | Mend its faults: PATCH /api/printers/Label.");
+  EXPECT_EQ(
+      json("PATCH", "/api/printers/Label", R"({"faults":{"hot":false},"stock":{"kind":"gap"}})")
+          .at("result"),
+      0);
+  EXPECT_EQ(json("POST", "/api/printers/Label/calibrate").at("calibrated").at("label_gap"), true);
 }
 
 TEST_F(PrinterRoutesTest, TearPaperOff) {
