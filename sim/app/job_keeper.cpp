@@ -10,6 +10,11 @@ JobKeeper::JobKeeper(const std::string& directory, const std::vector<std::string
   if (!directory.empty()) files_.emplace(directory, printers, std::move(warn));
 }
 
+void JobKeeper::restart() {
+  if (files_) files_->restart();
+  announcer_ = {};
+}
+
 void JobKeeper::changed(const Job& job) {
   if (!job.isFinished()) return announcer_.printing(job);
   const std::string file = files_ ? files_->save(job) : "";

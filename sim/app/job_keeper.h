@@ -22,6 +22,9 @@ class JobKeeper {
   JobKeeper(const std::string& directory, const std::vector<std::string>& printers, Tell say,
             Tell warn);
 
+  /// Forgets all jobs, and removes their files.
+  void restart();
+
   /// To be called with a job when it has begun and after each change of it.
   void changed(const Job& job);
 

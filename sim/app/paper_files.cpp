@@ -43,10 +43,14 @@ std::string advice(const std::error_code& error) {
 
 }  // namespace
 
-PaperFiles::PaperFiles(std::string directory, const std::vector<std::string>& printers,
+PaperFiles::PaperFiles(std::string directory, std::vector<std::string> printers,
                        std::function<void(const std::string&)> warn)
-    : directory_(std::move(directory)), warn_(std::move(warn)) {
-  if (createDirectory()) removeEarlier(printers);
+    : directory_(std::move(directory)), printers_(std::move(printers)), warn_(std::move(warn)) {
+  restart();
+}
+
+void PaperFiles::restart() {
+  if (createDirectory()) removeEarlier();
 }
 
 bool PaperFiles::createDirectory() {
@@ -56,11 +60,11 @@ bool PaperFiles::createDirectory() {
   return !error;
 }
 
-// Otherwise what an earlier run printed would look like the work of this one.
-void PaperFiles::removeEarlier(const std::vector<std::string>& printers) {
+// Otherwise what was printed earlier would look like the work of what follows.
+void PaperFiles::removeEarlier() {
   std::error_code error;
   std::string place = directory_;
-  for (const fs::path& file : jobFilesIn(fs::u8path(directory_), printers, error)) {
+  for (const fs::path& file : jobFilesIn(fs::u8path(directory_), printers_, error)) {
     std::error_code failure;
     fs::remove(file, failure);
     if (failure && !error) {
@@ -69,7 +73,7 @@ void PaperFiles::removeEarlier(const std::vector<std::string>& printers) {
     }
   }
   if (!error) return;
-  warn_("cannot remove the jobs of an earlier run, " + place + ": " + error.message() +
+  warn_("cannot remove earlier jobs, " + place + ": " + error.message() +
         ". Remove them by hand, or choose another folder with --paper-dir.");
 }
 

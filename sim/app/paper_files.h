@@ -20,8 +20,11 @@ class PaperFiles {
   /// `directory` is UTF-8 and is created with its parents. Files of earlier jobs of these printers
   /// are removed from it, and nothing else. Failures of all kinds go to `warn`, one line of text
   /// each, and only the first one until a job is saved again.
-  PaperFiles(std::string directory, const std::vector<std::string>& printers,
+  PaperFiles(std::string directory, std::vector<std::string> printers,
              std::function<void(const std::string& text)> warn);
+
+  /// Makes the folder what it was at the start: it is there, and the files of earlier jobs are not.
+  void restart();
 
   /// Writes the files of a job, the picture last. Returns the picture's path, or an empty text if
   /// anything failed; then nothing of the job is left, apart from files that it could not replace.
@@ -29,12 +32,13 @@ class PaperFiles {
 
  private:
   bool createDirectory();
-  void removeEarlier(const std::vector<std::string>& printers);
+  void removeEarlier();
   bool publishPicture(UnfinishedFile& picture, const UnfinishedFile& text);
   bool check(const std::error_code& error, const UnfinishedFile& file);
   void fail(const std::string& what, const std::error_code& error);
 
   std::string directory_;
+  std::vector<std::string> printers_;
   std::function<void(const std::string&)> warn_;
   bool failing_ = false;
 };

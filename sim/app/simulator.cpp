@@ -133,9 +133,9 @@ Automation::World Run::automationWorld() {
   return world;
 }
 
-// What is being printed is kept before it is forgotten.
+// What was printed is gone, on disk as well, and what is being printed with it.
 void Run::restore() {
-  simulation_.devices.printers.endJobs();
+  keeper_.restart();
   simulation_.devices.restore(scaleConfig(options_), options_.load);
   simulation_.faults.clear();
   simulation_.traffic.restart();

@@ -33,8 +33,9 @@ struct Simulation {
   Ports ports;
   WallTime started = std::chrono::system_clock::now();
 
-  /// Brings everything to the state at the start: devices, no faults, no traffic, no jobs; job and
-  /// exchange numbers begin again at 1. Set by whoever knows that state.
+  /// Brings everything to the state at the start: devices, no faults, no traffic, no jobs, and what
+  /// is being printed is lost, without a word to those who listen; job and exchange numbers begin
+  /// again at 1. Set by whoever knows that state.
   std::function<void(TimePoint now)> restore;
   /// How often it was restored. Who keeps numbers of jobs or exchanges forgets them when it changes.
   std::uint64_t epoch = 0;

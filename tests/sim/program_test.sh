@@ -151,9 +151,11 @@ case $case_name in
     line='{"cmd":"printtext","printerType":"1","fontsize":"24","text":"begun"}'
     expect_page "$web" /api/wait?event=request\&timeout_s=0 "408 Request Timeout"
     expect_ok "$weighing" "$check" '{"cmd":"setloglevel","module":"loadcell","level":"2"}'
-    expect_ok "$printing" "$line"
+    # One job that is finished, and one that is being printed.
+    expect_ok "$printing" "${line/begun/done}" '{"cmd":"beginPrint","printerType":"1"}' "${line/\"1\"/\"2\"}"
+    [ "$(ls "$dir/paper")" = $'job-0001-Ticket.svg\njob-0001-Ticket.txt' ] || fail "other files"
     expect_post "$web" /api/reset "200 OK"
-    [ "$(tr -d '\r' <"$dir/paper/job-0001-Ticket.txt")" = begun ] || fail "the job that was begun is not kept"
+    [ -z "$(ls -A "$dir/paper")" ] || fail "jobs from before the reset: $(ls -A "$dir/paper")"
     expect_reply "$weighing" '{"cmd":"getloglevel","module":"loadcell"}' '{"result":"0","level":"5"}'
     expect_page "$web" /api/jobs/1 "404 Not Found"
     expect_ok "$printing" "${line/begun/anew}" '{"cmd":"beginPrint","printerType":"1"}'
@@ -161,6 +163,7 @@ case $case_name in
     expect_reply "$weighing" '{"cmd":"getweight"}' '{"result":"0","net":"0.482","tare":"0.000",'`
       `'"zero":"0","tareType":"N","highResNet":"0.4820","weightUnit":"kg"}'
     [ "$(tr -d '\r' <"$dir/paper/job-0001-Ticket.txt")" = anew ] || fail "the numbers do not begin again"
+    [ "$(ls "$dir/paper")" = $'job-0001-Ticket.svg\njob-0001-Ticket.txt' ] || fail "more than the new job"
     kill -INT "$pid"
     expect_exit 0
     ;;

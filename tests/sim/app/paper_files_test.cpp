@@ -118,6 +118,22 @@ TEST_F(PaperFilesTest, AChangedJobReplacesItsFiles) {
   EXPECT_EQ(files().size(), 2U);
 }
 
+TEST_F(PaperFilesTest, ARestartLeavesNothingOfWhatWasPrinted) {
+  PaperFiles paperFiles = makeFiles();
+  for (int number = 1; number <= 3; ++number) paperFiles.save(job(number, "before"));
+  std::ofstream(fs::u8path(pathOf("notes.txt"))) << "mine";
+  paperFiles.restart();
+  EXPECT_EQ(files(), std::vector<std::string>{"notes.txt"});
+  paperFiles.save(job(1, "after"));
+  EXPECT_EQ(files(),
+            (std::vector<std::string>{"job-0001-Ticket.svg", "job-0001-Ticket.txt", "notes.txt"}));
+  EXPECT_EQ(read("job-0001-Ticket.txt"), "after\n");
+  fs::remove_all(root_);
+  paperFiles.restart();
+  EXPECT_EQ(files(), std::vector<std::string>{});
+  EXPECT_EQ(warnings_, std::vector<std::string>{});
+}
+
 TEST_F(PaperFilesTest, AFolderThatIsRemovedIsMadeAgain) {
   PaperFiles paperFiles = makeFiles();
   fs::remove_all(root_);

@@ -37,6 +37,17 @@ TEST_F(JobRoutesTest, ShowAJob) {
   EXPECT_EQ(json("GET", "/api/jobs/2").at("end"), "cut");
 }
 
+TEST_F(JobRoutesTest, BeganWhenTheyDidAlsoAfterAReset) {
+  ticket().printText("lost", 24);
+  wallTime_ += Milliseconds(1000);
+  json("POST", "/api/reset");
+  EXPECT_EQ(jobs(""), "");
+  wallTime_ += Milliseconds(2000);
+  print(ticket(), "anew");
+  EXPECT_EQ(json("GET", "/api/jobs/1").at("began_at"), "2026-11-21T11:47:04.123Z");
+  EXPECT_EQ(json("GET", "/api/jobs/1").at("changed_at"), "2026-11-21T11:47:04.123Z");
+}
+
 TEST_F(JobRoutesTest, ListThoseAfterANumberOrTheNewestOnes) {
   for (int i = 0; i < 3; ++i) print(ticket(), "x");
   for (int i = 0; i < 3; ++i) print(label(), "x");
