@@ -109,7 +109,7 @@ std::uint64_t startOf(const HttpRequest& request, const std::string& name) {
   return number && *number > 0 ? static_cast<std::uint64_t>(*number) : 0;
 }
 
-// "after=3&limit=5" without escapes.
+// "after=3&limit=5" without escapes. Throws ControlError for a name that stands there twice.
 std::map<std::string, std::string> queryOf(const std::string& text) {
   std::map<std::string, std::string> query;
   std::size_t begin = 0;
@@ -117,7 +117,11 @@ std::map<std::string, std::string> queryOf(const std::string& text) {
     const std::size_t end = std::min(text.find('&', begin), text.size());
     const std::string pair = text.substr(begin, end - begin);
     const std::size_t equals = std::min(pair.find('='), pair.size());
-    query[pair.substr(0, equals)] = pair.substr(std::min(equals + 1, pair.size()));
+    const std::string name = pair.substr(0, equals);
+    if (!query.emplace(name, pair.substr(std::min(equals + 1, pair.size()))).second) {
+      throw badRequest(shown(name) + " stands more than once in the query",
+                       "Send each parameter once.");
+    }
     begin = end + 1;
   }
   return query;
@@ -166,7 +170,11 @@ HttpResponse Api::call(const std::string& method, const std::string& path,
   const std::size_t end = std::min(path.find('?'), path.size());
   request.method = method;
   request.path = path.substr(0, end);
-  request.query = queryOf(path.substr(std::min(end + 1, path.size())));
+  try {
+    request.query = queryOf(path.substr(std::min(end + 1, path.size())));
+  } catch (const ControlError& error) {
+    return errorResponse(error);
+  }
   request.contentType = "application/json";
   request.body = body;
   const auto left = std::make_shared<bool>(false);

@@ -55,6 +55,10 @@ std::optional<HttpResponse> refuseHead(const HttpHead& head,
                           std::string("Use one of ") + kAllowedMethods + "."),
                 "Allow", kAllowedMethods);
   }
+  if (target->repeated) {
+    return httpError(400, quoted(*target->repeated) + " stands more than once in the query",
+                     "Send each parameter once.");
+  }
   return refuseBody(head);
 }
 

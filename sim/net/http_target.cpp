@@ -82,7 +82,8 @@ std::optional<HttpTarget> parseTarget(std::string_view target) {
     const auto name = decode(take(pair, '='), Plus::Blank);
     const auto value = decode(pair, Plus::Blank);
     if (!name || !value) return std::nullopt;
-    result.query[*name] = *value;
+    const bool isNew = result.query.emplace(*name, *value).second;
+    if (!isNew && !result.repeated) result.repeated = name;
   }
   return result;
 }

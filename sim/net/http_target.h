@@ -14,8 +14,10 @@ struct HttpTarget {
   std::string authority;
   /// Decoded, begins with '/'.
   std::string path;
-  /// Decoded, '+' is a blank; of names that occur twice the last.
+  /// Decoded, '+' is a blank; of names that occur twice the first.
   std::map<std::string, std::string> query;
+  /// The first name that occurs twice in the query; nothing if none does.
+  std::optional<std::string> repeated;
 };
 
 /// Nothing when the target is neither a path nor an http address, or when an escape in it is none

@@ -16,7 +16,7 @@ namespace tolvex::sim {
 struct HttpRequest {
   std::string method;                        // "GET", "PATCH" ...
   std::string path;                          // decoded, begins with '/', without the query
-  std::map<std::string, std::string> query;  // decoded; of names that occur twice the last
+  std::map<std::string, std::string> query;  // decoded; each name once
   std::string contentType;                   // without parameters, lower case; empty if none
   std::string body;
   /// Whether the client has left since, for those that answer later; empty when nobody knows.

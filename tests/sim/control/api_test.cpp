@@ -119,6 +119,12 @@ TEST_F(ApiTest, ParametersAreChecked) {
             "weighing, printing, as in ?port=printing.");
 }
 
+TEST_F(ApiTest, AParameterStandsInTheQueryOnce) {
+  EXPECT_EQ(refusal("GET", "/api/jobs?limit=1&limit=2"),
+            "400 \"limit\" stands more than once in the query | Send each parameter once.");
+  EXPECT_EQ(refusal("GET", "/api/jobs?limit=1&after=0&limit=1").substr(0, 3), "400");
+}
+
 TEST_F(ApiTest, TheLiveChannelIsNoOrdinaryPath) {
   EXPECT_EQ(refusal("GET", "/api/live"),
             "426 this is the live channel | Open it with a WebSocket.");

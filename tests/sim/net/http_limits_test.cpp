@@ -117,6 +117,15 @@ TEST_F(HttpLimitsTest, AddressesThatCanNotBeReadAreRefused) {
                 "Send a path such as /api/state, in UTF-8 and with % escapes of two digits."));
 }
 
+TEST_F(HttpLimitsTest, ParametersThatStandTwiceAreRefused) {
+  for (const char* target : {"/api/jobs?limit=1&limit=2", "/api/live?limit=1&l%69mit=1"}) {
+    EXPECT_EQ(lastAnswerTo(request(std::string("GET ") + target)),
+              "400 Bad Request: " + error(R"(\"limit\" stands more than once in the query)",
+                                          "Send each parameter once."))
+        << target;
+  }
+}
+
 TEST_F(HttpLimitsTest, CodingsOfTheBodyAreRefused) {
   EXPECT_EQ(lastAnswerTo(request("POST /x", "Content-Encoding: gzip\r\n", "x")),
             "415 Unsupported Media Type: " +
