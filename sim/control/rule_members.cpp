@@ -7,6 +7,7 @@
 #include "base/list.h"
 #include "control/control_error.h"
 #include "faults/fault_board.h"
+#include "protocol/command.h"
 
 namespace tolvex::sim {
 
@@ -154,6 +155,17 @@ void readMember(FaultRule& rule, const RuleMember& member, const Json& json) {
   }
 }
 
+// A rule for a command that only the other port has would never act. Commands that nobody knows are
+// let through: clients may send them all the same.
+void checkCommand(const FaultRule& rule) {
+  if (!rule.half || findCommand(*rule.half, rule.command) != nullptr) return;
+  const Half other = *rule.half == Half::Weighing ? Half::Printing : Half::Weighing;
+  if (findCommand(other, rule.command) == nullptr) return;
+  throw badRequest(shown(rule.command) + " is no command of the " + name(*rule.half) + " port",
+                   std::string("Send the port that has it: {\"port\": \"") + name(other) + "\"}.")
+      .in("command");
+}
+
 }  // namespace
 
 const std::vector<RuleMember>& ruleMembers() {
@@ -190,6 +202,7 @@ FaultRule readRule(const Json& json) {
   for (const RuleMember& member : ruleMembers()) {
     if (isMemberOf(member, kind)) readMember(rule, member, json);
   }
+  checkCommand(rule);
   return rule;
 }
 

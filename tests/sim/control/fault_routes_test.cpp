@@ -96,6 +96,24 @@ TEST_F(FaultRoutesTest, WrongRulesAreRefused) {
   EXPECT_EQ(simulation_.faults.rules().size(), 0U);
 }
 
+TEST_F(FaultRoutesTest, TheCommandIsOneOfThePort) {
+  EXPECT_EQ(refuse(R"({"kind":"close","port":"weighing","command":"printtext"})"),
+            "400 \"printtext\" is no command of the weighing port | Send the port that has it: "
+            "{\"port\": \"printing\"}.");
+  EXPECT_EQ(refuse(R"({"kind":"close","command":"getweight","port":"printing"})"),
+            "400 \"getweight\" is no command of the printing port | Send the port that has it: "
+            "{\"port\": \"weighing\"}.");
+  const auto status = [&](const std::string& members) {
+    return add("{\"kind\":\"close\"," + members + "}").substr(0, 3);
+  };
+  EXPECT_EQ(status(R"("port":"printing","command":"printtext")"), "201");
+  EXPECT_EQ(status(R"("port":"weighing","command":"getloglevel")"), "201");
+  EXPECT_EQ(status(R"("port":"printing","command":"getloglevel")"), "201");
+  EXPECT_EQ(status(R"("port":"weighing","command":"nobodyknows")"), "201");
+  EXPECT_EQ(status(R"("port":"weighing","command":"*")"), "201");
+  EXPECT_EQ(status(R"("command":"printtext")"), "201");
+}
+
 TEST_F(FaultRoutesTest, MembersHaveBounds) {
   const auto status = [&](const std::string& members) {
     return add("{" + members + "}").substr(0, 3);
