@@ -1,6 +1,7 @@
 #include "net/session.h"
 
 #include <boost/asio/buffer.hpp>
+#include <boost/asio/post.hpp>
 #include <boost/asio/write.hpp>
 #include <string>
 #include <utility>
@@ -73,13 +74,21 @@ void Session::read() {
 }
 
 void Session::answerNext() {
-  while (const auto piece = splitter_.next()) {
-    delivery_ =
-        port_.exchanger.exchange(caller_, *piece, Clock::now(), std::chrono::system_clock::now());
-    if (!isNothing(delivery_)) return wait(delivery_.delay, &Session::send);
-    port_.exchanger.delivered(delivery_, Clock::now());
-  }
-  read();
+  const auto piece = splitter_.next();
+  if (!piece) return read();
+  delivery_ =
+      port_.exchanger.exchange(caller_, *piece, Clock::now(), std::chrono::system_clock::now());
+  if (!isNothing(delivery_)) return wait(delivery_.delay, &Session::send);
+  port_.exchanger.delivered(delivery_, Clock::now());
+  yield();
+}
+
+// Nothing is sent, so nothing has to be waited for. Still, whatever the request brings about comes
+// before the next one, as it does where a reply is written.
+void Session::yield() {
+  asio::post(socket_.get_executor(), [self = shared_from_this()] {
+    if (self->socket_.is_open()) self->answerNext();
+  });
 }
 
 void Session::wait(std::chrono::milliseconds time, Step next) {

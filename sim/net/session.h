@@ -33,6 +33,7 @@ class Session : public std::enable_shared_from_this<Session> {
 
   void read();
   void answerNext();
+  void yield();
   void wait(std::chrono::milliseconds time, Step next);
   void send();
   void pauseBetweenPieces();

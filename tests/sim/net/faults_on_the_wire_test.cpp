@@ -146,6 +146,24 @@ TEST_P(FaultsOnTheWire, ManyRequestsInARowMayStayUnanswered) {
   expectConnected(client);
 }
 
+TEST_P(FaultsOnTheWire, WhatARequestBringsAboutComesBeforeTheNextOneAlsoWithoutAnAnswer) {
+  breakWith(FaultKind::NoAnswer);
+  onServer([this] {
+    exchanger_.observe([this](const Exchange& exchange) {
+      if (exchange.request != request()) return;
+      server_.post([this] {
+        FaultRule rule = defaultRule(FaultKind::Result);
+        rule.code = static_cast<std::int64_t>(traffic_.newest());
+        faults_.clear();
+        faults_.add(rule);
+      });
+    });
+  });
+  TestClient client(port());
+  client.send(request() + kOther);
+  EXPECT_EQ(client.receive(), R"({"result":"1"})");
+}
+
 TEST_P(FaultsOnTheWire, AClosedConnectionEndsWithoutAReply) {
   breakWith(FaultKind::Close);
   TestClient client(port());
