@@ -48,8 +48,8 @@ std::shared_ptr<const Job> JobLog::newest(std::string_view printer) const {
   return found == jobs_.rend() ? nullptr : *found;
 }
 
-// From the newest back, the jobs are kept as long as they fit. An old one that a printer still
-// works on lives on in the printer.
+// From the newest back, the jobs are kept as long as they fit; before those, only the ones that are
+// still being printed, of which a printer has one at most.
 void JobLog::forgetOldest() {
   std::size_t kept = 1;
   std::size_t bytes = 0;
@@ -58,7 +58,9 @@ void JobLog::forgetOldest() {
     if (bytes > kMaxBytes) break;
     ++kept;
   }
-  jobs_.erase(jobs_.begin(), jobs_.end() - static_cast<std::ptrdiff_t>(kept));
+  const auto end = jobs_.end() - static_cast<std::ptrdiff_t>(kept);
+  jobs_.erase(std::remove_if(jobs_.begin(), end, [](const auto& job) { return job->isFinished(); }),
+              end);
 }
 
 }  // namespace tolvex::sim

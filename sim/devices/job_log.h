@@ -17,7 +17,8 @@ namespace tolvex::sim {
 /// Numbers the jobs and keeps the latest ones. Not thread-safe.
 class JobLog {
  public:
-  /// As many jobs are kept, and as much of their paper; the newest job is kept in any case.
+  /// As many jobs are kept, and as much of their paper; the newest job, and those that are still
+  /// being printed, are kept in any case.
   static constexpr std::size_t kMaxJobs = 500;
   static constexpr std::size_t kMaxBytes = std::size_t{64} * 1024 * 1024;
 

@@ -43,6 +43,21 @@ TEST_F(JobLogTest, KeepsSoMuchPaper) {
   EXPECT_LE(bytesKept(), JobLog::kMaxBytes + Job::kMaxBytes);
 }
 
+TEST_F(JobLogTest, KeepsWhatIsStillBeingPrinted) {
+  ticket_.printText("old", 24);
+  for (std::size_t i = 0; i < 2 * JobLog::kMaxJobs; ++i) {
+    label_.printText("x", 24);
+    label_.finishJob();
+  }
+  EXPECT_EQ(paperOf(1), (Items{"\"old\"@24"}));
+  EXPECT_EQ(jobs(), JobLog::kMaxJobs + 1);
+  EXPECT_EQ(printers_.jobs().jobs().at(1)->number(), 502);
+  ticket_.finishJob();
+  label_.printText("x", 24);
+  EXPECT_EQ(jobs(), JobLog::kMaxJobs);
+  EXPECT_EQ(printers_.jobs().jobs().front()->number(), 503);
+}
+
 TEST_F(JobLogTest, AForgottenJobIsStillTheOneThatItsPrinterCuts) {
   ticket_.printText("old", 24);
   ticket_.finishJob();
