@@ -76,6 +76,9 @@ RecordedExchange readExchange(const JsonValue& line, std::size_t lineNumber) {
   const auto instead = line.find("instead");
   if (!instead) {
     exchange.reply = readBytes(line, "reply");
+    if (exchange.reply.empty()) {
+      line.refuse("the reply is empty", "If the client got none, write \"instead\":\"no-answer\".");
+    }
     return exchange;
   }
   exchange.instead = instead->text();
@@ -123,6 +126,8 @@ std::string recordingLine(const RecordedExchange& exchange) {
 std::vector<RecordedExchange> parseRecording(std::string_view text) {
   std::vector<RecordedExchange> exchanges;
   std::size_t number = 0;
+  // Editors leave blank lines behind the last one.
+  text = text.substr(0, text.find_last_not_of(" \t\r\n") + 1);  // npos + 1 is 0
   while (!text.empty()) {
     const auto end = std::min(text.find('\n'), text.size());
     std::string_view line = text.substr(0, end);

@@ -68,8 +68,20 @@ TEST(Recording, IsReadAsItWasWritten) {
 
 TEST(Recording, MayHaveNoExchange) { EXPECT_TRUE(parseRecording(kHeader).empty()); }
 
+TEST(Recording, MayEndWithBlankLines) {
+  for (const char* end : {"\n", "\n\n", "\r\n\r\n", "\n  ", "\n\t\n\n"}) {
+    const auto read = parseRecording(kHeader + kLine + end);
+    ASSERT_EQ(read.size(), 1U) << end;
+    expectSame(read[0], exchange());
+  }
+  EXPECT_EQ(refusalOf(kHeader + "\n" + kLine),
+            "line 2: this is no JSON. Mend the line, or delete it if it is cut short.");
+}
+
 TEST(Recording, RefusesAFileThatIsNone) {
-  EXPECT_EQ(refusalOf(""), "the recording is empty. Give a file that --record has written.");
+  for (const char* nothing : {"", "\n", " \r\n"}) {
+    EXPECT_EQ(refusalOf(nothing), "the recording is empty. Give a file that --record has written.");
+  }
   EXPECT_EQ(refusalOf("{}\n"),
             "line 1: this is no header of a recording. Give a file that --record has written.");
   EXPECT_EQ(refusalOf("<svg>\n"),
@@ -99,6 +111,11 @@ TEST(Recording, RefusesABrokenLineWithItsNumber) {
           R"({"number":1,"ms":1,"port":"printing","connection":1,"request":"","instead":"x"})"),
       "line 3/instead: this is nothing that comes instead of a reply. Write \"no-answer\", "
       "\"close\" or \"reset\".");
+  EXPECT_EQ(
+      refusalOf(
+          start +
+          R"({"number":1,"ms":1,"port":"printing","connection":1,"request":"{}","reply":""})"),
+      "line 3: the reply is empty. If the client got none, write \"instead\":\"no-answer\".");
   EXPECT_NE(refusalOf(start + R"({"number":0})"), "taken");
   EXPECT_NE(refusalOf(start + R"({"more":0})"), "taken");
 }
