@@ -85,7 +85,6 @@ void Automation::loadScenario(const CallApi& trial) {
 }
 
 void Automation::attach(Simulation& simulation, Exchanger& exchanger) {
-  faults_ = &simulation.faults;
   started_ = Clock::now();
   exchanger.observe([this, &traffic = simulation.traffic](const Exchange& exchange) {
     exchanged(exchange, traffic);
@@ -98,15 +97,11 @@ void Automation::attach(Simulation& simulation, Exchanger& exchanger) {
     note(event);
   });
   if (scenario_) scenario_->prepare();
-  withholdNext(Half::Weighing);
-  withholdNext(Half::Printing);
 }
 
 void Automation::restored() {
   finished_.clear();
   if (scenario_) scenario_->prepare();
-  withholdNext(Half::Weighing);
-  withholdNext(Half::Printing);
 }
 
 void Automation::start() {
@@ -117,7 +112,6 @@ void Automation::start() {
 void Automation::exchanged(const Exchange& exchange, const TrafficLog& traffic) {
   ++exchanges_;
   record(exchange);
-  withholdNext(exchange.caller.half);
   note(eventOf(exchange, traffic));
 }
 
@@ -160,17 +154,6 @@ void Automation::record(const Exchange& exchange) {
   world_.warn("cannot write on in the recording " + options_.record +
               ", which ends before exchange " + std::to_string(exchanges_) +
               ". Make room there, or choose another file with --record.");
-}
-
-// What the port's next request got instead of a reply when it was recorded, it gets again.
-void Automation::withholdNext(Half half) {
-  const std::string instead = replay_ ? replay_->instead(half) : "";
-  const auto kind = instead.empty() ? std::nullopt : findFaultKind(instead);
-  if (!kind) return;
-  FaultRule rule = defaultRule(*kind);
-  rule.half = half;
-  rule.remaining = 1;
-  faults_->add(std::move(rule));
 }
 
 int Automation::reportUnmet() {

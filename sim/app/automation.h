@@ -73,7 +73,6 @@ class Automation {
   void exchanged(const Exchange& exchange, const TrafficLog& traffic);
   void jobChanged(const Job& job);
   void record(const Exchange& exchange);
-  void withholdNext(Half half);
   void note(const Event& event);
   int reportUnmet();
 
@@ -83,7 +82,6 @@ class Automation {
   std::optional<Recorder> recorder_;
   std::unique_ptr<ScenarioRun> scenario_;
   RunEnd end_;
-  FaultBoard* faults_ = nullptr;
   TimePoint started_;
   std::uint64_t exchanges_ = 0;
   bool recordingFailed_ = false;

@@ -1,6 +1,7 @@
 #include "exchange/exchanger.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "base/integer.h"
@@ -38,15 +39,19 @@ bool areCarriedOut(const std::vector<FaultRule>& rules) {
                      [](const FaultRule& rule) { return rule.carriedOut; });
 }
 
-// What the service would say: its answer, a refusal, or that it does not know.
-std::string plainReply(const std::vector<FaultRule>& rules, const std::string& answer) {
+// What the service would say: its answer, a refusal, or that it does not know. Where an answer is
+// no reply, it stays that.
+std::string plainReply(const std::vector<FaultRule>& rules,
+                       const std::optional<Answerer::Answer>& answer) {
+  if (answer && answer->reply.empty()) return "";
   if (const FaultRule* refusal = latest(rules, FaultKind::Result)) {
     return replyWithCode(refusal->code);
   }
-  return answer.empty() ? Reply(ResultCode::Unknown).json() : answer;
+  return answer ? answer->reply : Reply(ResultCode::Unknown).json();
 }
 
 std::string disfigured(const std::vector<FaultRule>& rules, std::string reply) {
+  if (reply.empty()) return reply;
   if (latest(rules, FaultKind::WrongType) != nullptr) reply = withNumberAsResult(reply);
   if (const FaultRule* rule = latest(rules, FaultKind::Oversized)) {
     reply = padded(reply, rule->bytes);
@@ -123,16 +128,17 @@ Delivery Exchanger::exchange(const Caller& caller, const JsonSplitter::Piece& pi
   entry.faults = faults;
 
   *job_ = 0;
-  std::string answer;
+  std::optional<Answerer::Answer> answer;
   if (areCarriedOut(rules)) answer = answerer_.answer(caller.half, piece.text, now);
   entry.job = *job_;
 
   Delivery delivery;
   delivery.reply = plainReply(rules, answer);
-  if (!answer.empty() || latest(rules, FaultKind::Result) != nullptr) {
+  if (answer || latest(rules, FaultKind::Result) != nullptr) {
     entry.result = parseInteger(memberOf(delivery.reply, "result"));
   }
   if (piece.kind == JsonSplitter::Kind::TooLong) delivery.after = After::Close;
+  if (answer && answer->reply.empty()) delivery.after = answer->after;
   delivery.reply = disfigured(rules, std::move(delivery.reply));
   withhold(rules, delivery);
   setTimes(rules, delivery);
@@ -140,7 +146,8 @@ Delivery Exchanger::exchange(const Caller& caller, const JsonSplitter::Piece& pi
   delivery.restarts = traffic_.restarts();
   delivery.number = record(caller, std::move(entry), piece.text, delivery);
 
-  const Exchange exchange{caller, time, now, piece.text, answer, delivery, faults};
+  const std::string_view reply = answer ? answer->reply : std::string_view();
+  const Exchange exchange{caller, time, now, piece.text, reply, delivery, faults};
   for (const auto& observer : observers_) observer(exchange);
   return delivery;
 }

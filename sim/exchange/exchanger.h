@@ -39,7 +39,7 @@ struct Exchange {
   TimePoint now;
   /// As received. Of bytes that were no request, the first ones.
   std::string_view request;
-  /// As the answerer gave it; empty if it was not asked, because a fault said so.
+  /// As the answerer gave it; empty if it gave none, or was not asked because a fault said so.
   std::string_view answer;
   /// What is about to be delivered; its reply is what the client gets.
   const Delivery& delivery;

@@ -11,8 +11,8 @@ class ServiceAnswerer : public Answerer {
  public:
   explicit ServiceAnswerer(Service& service) : service_(service) {}
 
-  std::string answer(Half half, std::string_view request, TimePoint now) override {
-    return service_.answer(half, request, now).json();
+  Answer answer(Half half, std::string_view request, TimePoint now) override {
+    return {service_.answer(half, request, now).json(), After::Keep};
   }
 
  private:

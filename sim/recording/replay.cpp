@@ -33,6 +33,12 @@ bool areSame(std::string_view recorded, std::string_view came) {
 
 std::string shown(std::string_view text) { return printable(text, kMaxShownBytes); }
 
+Answerer::Answer recordedAnswer(const RecordedExchange& exchange) {
+  const bool closes = exchange.instead == "close";
+  const bool resets = exchange.instead == "reset";
+  return {exchange.reply, closes ? After::Close : resets ? After::Reset : After::Keep};
+}
+
 std::string inLine(const RecordedExchange& exchange) {
   return "line " + std::to_string(exchange.line);
 }
@@ -47,29 +53,24 @@ Replay::Replay(std::vector<RecordedExchange> exchanges,
   }
 }
 
-std::string Replay::answer(Half half, std::string_view request, TimePoint) {
+Answerer::Answer Replay::answer(Half half, std::string_view request, TimePoint) {
   ++requests_;
   Port& port = portOf(half);
   if (port.next == port.exchanges.size()) {
     note(half, "comes after the last one that was recorded there", "  came  " + shown(request));
-    return kOtherRequest;
+    return {kOtherRequest, After::Keep};
   }
   const RecordedExchange& recorded = port.exchanges[port.next++];
-  if (areSame(recorded.request, request)) return recorded.reply;
+  if (areSame(recorded.request, request)) return recordedAnswer(recorded);
   note(half, "is not the one in " + inLine(recorded),
        describeDifference(recorded.request, request));
-  return kOtherRequest;
+  return {kOtherRequest, After::Keep};
 }
 
 void Replay::note(Half half, const std::string& what, const std::string& details) {
   if (++different_ > 1) return;
   firstDifferent_ = "request " + std::to_string(requests_) + " (" + name(half) + ") " + what;
   warn_(firstDifferent_ + "\n" + details);
-}
-
-std::string Replay::instead(Half half) const {
-  const Port& port = portOf(half);
-  return port.next == port.exchanges.size() ? "" : port.exchanges[port.next].instead;
 }
 
 std::vector<std::string> Replay::unmet() const {

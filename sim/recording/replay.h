@@ -16,8 +16,9 @@ namespace tolvex::sim {
 
 /// Compares the requests of each port with the recorded ones, in their order. All connections to a
 /// port are one sequence, whichever of them a request came over. A request that equals the recorded
-/// one gets the recorded reply; any other one, and one that comes after the last recorded one, gets
-/// kOtherRequest. Either way the next request is compared with the next recorded one.
+/// one gets the recorded reply, or what came instead of one; any other one, and one that comes after
+/// the last recorded one, gets kOtherRequest. Either way the next request is compared with the next
+/// recorded one.
 ///
 /// Of a picture's file name only what stands behind the folders is compared: where the copies of
 /// printed pictures lie is a matter of the machine and the user. Not thread-safe.
@@ -30,11 +31,7 @@ class Replay : public Answerer {
   Replay(std::vector<RecordedExchange> exchanges,
          std::function<void(const std::string& text)> warn);
 
-  std::string answer(Half half, std::string_view request, TimePoint now) override;
-
-  /// What the port's next request is to get instead of a reply, see RecordedExchange; empty: the
-  /// reply. Empty, too, behind the last one.
-  std::string instead(Half half) const;
+  Answer answer(Half half, std::string_view request, TimePoint now) override;
 
   /// What was not as recorded, one line each: requests that differed, that were too many, and that
   /// did not come.

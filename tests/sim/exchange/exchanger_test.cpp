@@ -155,6 +155,57 @@ TEST_F(ExchangerTest, ObserversSeeEachExchangeBeforeItIsDelivered) {
                                             begin + " "}));
 }
 
+// An answerer that gives no reply.
+
+class Withholder : public Answerer {
+ public:
+  Answer answer(Half, std::string_view, TimePoint) override { return {"", instead}; }
+
+  After instead = After::Keep;
+};
+
+class WithheldTest : public ExchangerTest {
+ protected:
+  Delivery withheld() {
+    const Caller caller{Half::Weighing, 1, "127.0.0.1:4444"};
+    return withholding_.exchange(caller, {JsonSplitter::Kind::Object, kWeigh}, now_,
+                                 WallTime(std::chrono::hours(3)));
+  }
+
+  Outcome outcome() {
+    withholding_.delivered(withheld(), now_);
+    return newest().outcome;
+  }
+
+  Withholder withholder_;
+  Exchanger withholding_{withholder_, faults_, traffic_, devices_.printers.jobs()};
+};
+
+TEST_F(WithheldTest, WhatComesInsteadOfAReplyComes) {
+  EXPECT_EQ(outcome(), Outcome::Unanswered);
+  withholder_.instead = After::Close;
+  EXPECT_EQ(outcome(), Outcome::Closed);
+  withholder_.instead = After::Reset;
+  EXPECT_EQ(outcome(), Outcome::Reset);
+  EXPECT_EQ(newest().result, std::nullopt);
+  EXPECT_EQ(newest().faults, std::vector<std::string>{});
+}
+
+TEST_F(WithheldTest, FaultsMakeNoReplyOfIt) {
+  withholder_.instead = After::Close;
+  for (const FaultKind kind :
+       {FaultKind::WrongType, FaultKind::Oversized, FaultKind::Garbage, FaultKind::TwoPieces}) {
+    breakWith(kind);
+  }
+  FaultRule refusal = rule(FaultKind::Result);
+  refusal.carriedOut = true;
+  faults_.add(refusal);
+  const Delivery delivery = withheld();
+  EXPECT_EQ(delivery.reply, "");
+  EXPECT_EQ(delivery.firstPiece, 0U);
+  EXPECT_EQ(delivery.after, After::Close);
+}
+
 // What each fault does by itself.
 
 TEST_F(ExchangerTest, ADelayComesBeforeTheReply) {

@@ -22,8 +22,12 @@ class ReplayTest : public ::testing::Test {
         exchanges_, [this](const std::string& text) { warnings_.push_back(text); });
   }
 
+  /// The reply, or what comes instead.
   std::string answer(Half half, std::string_view request) {
-    return replay_->answer(half, request, TimePoint());
+    const Answerer::Answer answer = replay_->answer(half, request, TimePoint());
+    if (answer.after == After::Close) return answer.reply + "(closed)";
+    if (answer.after == After::Reset) return answer.reply + "(reset)";
+    return answer.reply.empty() ? "(no answer)" : answer.reply;
   }
 
   std::vector<RecordedExchange> exchanges_;
@@ -113,16 +117,25 @@ TEST_F(ReplayTest, PicturesMayLieInOtherFolders) {
   EXPECT_EQ(answer(Half::Printing, R"({"cmd":"printtext","filename":"/b/prt_2"})"), kOther);
 }
 
-TEST_F(ReplayTest, TellsWhatIsNoReply) {
+TEST_F(ReplayTest, WhatCameInsteadOfAReplyComesAgain) {
   recorded(Half::Weighing, "a", "1");
   recorded(Half::Weighing, "b", "", "close");
+  recorded(Half::Weighing, "c", "", "reset");
+  recorded(Half::Weighing, "d", "", "no-answer");
   begin();
-  EXPECT_EQ(replay_->instead(Half::Weighing), "");
   EXPECT_EQ(answer(Half::Weighing, "a"), "1");
-  EXPECT_EQ(replay_->instead(Half::Weighing), "close");
-  EXPECT_EQ(answer(Half::Weighing, "b"), "");
-  EXPECT_EQ(replay_->instead(Half::Weighing), "");
-  EXPECT_EQ(replay_->instead(Half::Printing), "");
+  EXPECT_EQ(answer(Half::Weighing, "b"), "(closed)");
+  EXPECT_EQ(answer(Half::Weighing, "c"), "(reset)");
+  EXPECT_EQ(answer(Half::Weighing, "d"), "(no answer)");
+  EXPECT_EQ(replay_->unmet(), Lines());
+}
+
+TEST_F(ReplayTest, AnOtherRequestIsAnsweredWhereNoReplyWasRecorded) {
+  for (const char* instead : {"close", "reset", "no-answer"}) {
+    recorded(Half::Printing, "a", "", instead);
+  }
+  begin();
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(answer(Half::Printing, "b"), kOther);
 }
 
 }  // namespace
