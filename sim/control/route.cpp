@@ -34,14 +34,18 @@ HttpResponse jsonResponse(const Json& json, int status) {
   return response;
 }
 
-HttpResponse errorResponse(const ControlError& error) {
+Json errorBody(const ControlError& error) {
   Json body = {{"error", {{"what", whatOf(error)}, {"remedy", error.remedy()}}}};
   if (!error.place().empty()) body["error"]["place"] = error.place();
   if (error.result()) {
     body["result"] = static_cast<int>(*error.result());
     body["text"] = message(*error.result());
   }
-  return jsonResponse(body, error.status());
+  return body;
+}
+
+HttpResponse errorResponse(const ControlError& error) {
+  return jsonResponse(errorBody(error), error.status());
 }
 
 double numberOr(const Call& call, const std::string& name, double otherwise) {

@@ -68,6 +68,7 @@ const RouteTable& allRoutes();
 
 /// JSON as an answer.
 HttpResponse jsonResponse(const Json& json, int status = 200);
+Json errorBody(const ControlError& error);
 HttpResponse errorResponse(const ControlError& error);
 
 /// The value of a parameter, or another one if it is not there.

@@ -1,6 +1,4 @@
 // Waiting for what clients of the service do.
-#include <algorithm>
-#include <set>
 
 #include "control/printer_lookup.h"
 #include "control/route.h"
@@ -22,6 +20,9 @@ WaitingRoom::Wish wishOf(Call& call) {
   WaitingRoom::Wish wish;
   wish.timeout = std::chrono::duration_cast<std::chrono::milliseconds>(
       Seconds(numberOr(call, "timeout_s", kDefaultTimeout)));
+  if (call.query.count("after") > 0) {
+    wish.after = static_cast<std::uint64_t>(numberOr(call, "after", 0));
+  }
   wish.respond = call.respond;
   wish.clientLeft = call.clientLeft;
   return wish;
@@ -37,51 +38,22 @@ void refuse(const Call& call, const std::string& event, const std::vector<std::s
   }
 }
 
-// Which jobs count: with `after`, those with a larger number; without it, those that are not
-// finished yet.
-std::function<bool(const Job&)> jobWanted(Call& call) {
-  const JobLog& jobs = call.simulation.devices.printers.jobs();
-  const std::string printer = textOr(call, "printer", "");
-  if (!printer.empty()) printerNamed(call.simulation.devices.printers, printer);
-  const double after = numberOr(call, "after", jobs.nextNumber() - 1);
-  std::set<int> open;
-  if (call.query.count("after") == 0) {
-    for (const auto& job : jobs.jobs()) {
-      if (!job->isFinished()) open.insert(job->number());
-    }
-  }
-  return [printer, after, open](const Job& job) {
-    return job.isFinished() && (job.number() > after || open.count(job.number()) > 0) &&
-           (printer.empty() || job.printer() == printer);
-  };
-}
-
 Answer waitForJob(Call& call) {
   refuse(call, "job", {"command", "port"});
+  const std::string printer = textOr(call, "printer", "");
+  if (!printer.empty()) printerNamed(call.simulation.devices.printers, printer);
   WaitingRoom::Wish wish = wishOf(call);
-  wish.job = jobWanted(call);
-  const auto& jobs = call.simulation.devices.printers.jobs().jobs();
-  const auto found =
-      std::find_if(jobs.begin(), jobs.end(), [&](const auto& job) { return wish.job(*job); });
-  if (found != jobs.end()) return jsonResponse({{"job", jobView(**found, call.diary)}});
-  call.waitingRoom.wait(std::move(wish));
-  return std::nullopt;
+  wish.job = [printer](const Job& job) { return printer.empty() || job.printer() == printer; };
+  return call.waitingRoom.wait(std::move(wish));
 }
 
 Answer waitForRequest(Call& call) {
   refuse(call, "request", {"printer"});
-  const TrafficLog& traffic = call.simulation.traffic;
   WaitingRoom::Wish wish = wishOf(call);
-  const double after = numberOr(call, "after", static_cast<double>(traffic.newest()));
-  wish.exchange = [after, filter = filterOf(call)](const TrafficEntry& entry) {
-    return static_cast<double>(entry.number) > after && entry.outcome != Outcome::Pending &&
-           matches(filter, entry);
+  wish.exchange = [filter = filterOf(call)](const TrafficEntry& entry) {
+    return matches(filter, entry);
   };
-  const auto found =
-      std::find_if(traffic.entries().begin(), traffic.entries().end(), wish.exchange);
-  if (found != traffic.entries().end()) return jsonResponse({{"exchange", exchangeView(*found)}});
-  call.waitingRoom.wait(std::move(wish));
-  return std::nullopt;
+  return call.waitingRoom.wait(std::move(wish));
 }
 
 const Field& eventField() {

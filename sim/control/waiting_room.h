@@ -5,8 +5,10 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
+#include "control/completion_log.h"
 #include "control/job_diary.h"
 #include "control/simulation.h"
 #include "net/web.h"
@@ -26,10 +28,14 @@ class WaitingRoom {
   /// Calls a function later.
   using Timer = std::function<void(std::chrono::milliseconds, std::function<void()>)>;
 
-  /// What somebody waits for. The answer is made of the first job or exchange that fits.
+  /// What somebody waits for: a job that is finished or an exchange that is completed, one of the
+  /// two. The answer is made of the first one that fits.
   struct Wish {
     std::function<bool(const Job&)> job;
     std::function<bool(const TrafficEntry&)> exchange;
+    /// Only what was completed after this completion, see CompletionLog; if there is none, after
+    /// the latest.
+    std::optional<std::uint64_t> after;
     std::chrono::milliseconds timeout;
     std::function<void(HttpResponse)> respond;
     /// May be empty.
@@ -42,8 +48,9 @@ class WaitingRoom {
   WaitingRoom(const WaitingRoom&) = delete;
   WaitingRoom& operator=(const WaitingRoom&) = delete;
 
-  /// Throws ControlError (503) when too many wait.
-  void wait(Wish wish);
+  /// The answer, if it has happened already; else it comes later. Throws ControlError (503) when too
+  /// many wait.
+  std::optional<HttpResponse> wait(Wish wish);
 
   std::size_t size() const { return waiters_.size(); }
 
@@ -54,18 +61,21 @@ class WaitingRoom {
     std::uint64_t epoch;
   };
 
-  void look(const Job& job);
-  void look(const TrafficEntry& entry);
+  std::optional<HttpResponse> find(const Wish& wish);
+  HttpResponse jobAnswer(const Job& job, std::uint64_t number) const;
+  void look(const Job& job, std::uint64_t number);
+  void look(const TrafficEntry& entry, std::uint64_t number);
   void startTimer();
   void tick();
   bool waits(const Waiter& waiter) const { return waiter.epoch == simulation_.epoch; }
-  template <typename Fits>
-  void answerThose(Fits fits, const HttpResponse& response);
+  template <typename Fits, typename AnswerTo>
+  void answerThose(Fits fits, AnswerTo answerTo);
 
   Simulation& simulation_;
   const JobDiary& diary_;
   Clock clock_;
   Timer timer_;
+  CompletionLog completions_;
   std::vector<Waiter> waiters_;
   bool isTimerOn_ = false;
   // Lives as long as the room, which timers may outlive.

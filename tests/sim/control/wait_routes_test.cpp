@@ -26,7 +26,21 @@ class WaitRoutesTest : public ApiFixture {
   static std::string happened(const std::string& answer) {
     if (answer.empty() || answer.substr(0, 3) != "200") return answer.substr(0, 3);
     const auto body = nlohmann::json::parse(answer.substr(4));
-    return body.items().begin().key() + " " + body.front().at("number").dump();
+    const std::string what = body.contains("job") ? "job" : "exchange";
+    return what + " " + body.at(what).at("number").dump();
+  }
+
+  /// What a client gets that waits again and again from a number on, until nothing is there:
+  /// "job 2, job 1, ".
+  std::string allAfter(const std::string& event, std::string after) {
+    std::string all;
+    for (int i = 0; i < 100; ++i) {
+      const std::string answer = *ask({{"event", event}, {"after", after}, {"timeout_s", "0"}});
+      if (answer.empty()) break;
+      all += happened(answer) + ", ";
+      after = nlohmann::json::parse(answer.substr(4)).at("next").dump();
+    }
+    return all;
   }
 };
 
@@ -37,7 +51,7 @@ TEST_F(WaitRoutesTest, TheNextFinishedJobIsAnswered) {
   EXPECT_EQ(*answer, "");
   ticket().finishJob();
   EXPECT_EQ(happened(*answer), "job 2");
-  EXPECT_EQ(*answer, "200 {\"job\":" + call("GET", "/api/jobs/2").substr(4) + "}");
+  EXPECT_EQ(*answer, "200 {\"job\":" + call("GET", "/api/jobs/2").substr(4) + ",\"next\":2}");
   ticket().cut(100);
   EXPECT_EQ(happened(*answer), "job 2");
 }
@@ -60,6 +74,59 @@ TEST_F(WaitRoutesTest, WhatHasHappenedAlreadyIsAnsweredAtOnce) {
   EXPECT_EQ(happened(*ask({{"event", "request"}, {"after", "0"}})), "exchange 1");
   EXPECT_EQ(happened(*ask({{"event", "request"}, {"after", "0"}, {"command", "settare"}})),
             "exchange 2");
+}
+
+TEST_F(WaitRoutesTest, NothingIsMissedOfJobsThatAreFinishedInAnotherOrder) {
+  label().printText("x", 24);
+  print(ticket(), "y");
+  EXPECT_EQ(allAfter("job", "0"), "job 2, ");
+  const auto answer = ask({{"event", "job"}, {"after", "1"}});
+  EXPECT_EQ(*answer, "");
+  label().finishJob();
+  EXPECT_EQ(happened(*answer), "job 1");
+  EXPECT_EQ(allAfter("job", "0"), "job 2, job 1, ");
+  EXPECT_EQ(allAfter("job", "1"), "job 1, ");
+  ticket().cut(100);
+  EXPECT_EQ(allAfter("job", "2"), "");
+}
+
+TEST_F(WaitRoutesTest, NothingIsMissedOfRequestsThatAreAnsweredInAnotherOrder) {
+  const std::uint64_t late = beginExchange("getweight");
+  exchange("setzero");
+  EXPECT_EQ(allAfter("request", "0"), "exchange 2, ");
+  const auto answer = ask({{"event", "request"}, {"after", "1"}});
+  const auto next = ask({{"event", "request"}});
+  EXPECT_EQ(*answer + *next, "");
+  simulation_.traffic.complete(late, Outcome::Answered, std::chrono::microseconds(7));
+  EXPECT_EQ(happened(*answer), "exchange 1");
+  EXPECT_EQ(happened(*next), "exchange 1");
+  EXPECT_EQ(allAfter("request", "0"), "exchange 2, exchange 1, ");
+}
+
+TEST_F(WaitRoutesTest, WhatIsForgottenIsPassedOver) {
+  print(ticket(), "x");
+  exchange("getweight");
+  json("DELETE", "/api/jobs");
+  json("DELETE", "/api/traffic");
+  EXPECT_EQ(allAfter("job", "0"), "");
+  EXPECT_EQ(allAfter("request", "0"), "");
+  for (std::size_t i = 0; i < 3 * JobLog::kMaxJobs; ++i) print(ticket(), "x");
+  EXPECT_EQ(happened(*ask({{"event", "job"}, {"after", "0"}})), "job 1002");
+  EXPECT_EQ(allAfter("job", "1500"), "job 1501, ");
+}
+
+TEST_F(WaitRoutesTest, NumbersBeginAgainAfterAReset) {
+  print(ticket(), "x");
+  print(label(), "x");
+  label().printText("x", 24);
+  exchange("getweight");
+  json("POST", "/api/reset");
+  EXPECT_EQ(allAfter("job", "0"), "");
+  EXPECT_EQ(allAfter("request", "0"), "");
+  print(label(), "x");
+  exchange("getweight");
+  EXPECT_EQ(allAfter("job", "0"), "job 1, ");
+  EXPECT_EQ(allAfter("request", "0"), "exchange 1, ");
 }
 
 TEST_F(WaitRoutesTest, OnlyTheJobsOfAPrinterCountIfThatIsAskedFor) {
@@ -90,7 +157,7 @@ TEST_F(WaitRoutesTest, TimeRunsOut) {
   pass(Milliseconds(200));
   EXPECT_EQ(*answer,
             R"(408 {"error":{"what":"it has not happened in time","remedy":"Ask again, or wait )"
-            R"(longer: timeout_s=600."}})");
+            R"(longer: timeout_s=600."},"next":0})");
   pass(Milliseconds(27000));
   EXPECT_EQ(*patient, "");
   pass(Milliseconds(500));
