@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -75,6 +76,7 @@ class Run {
   void restore();
   void listenToChanges();
   void openPorts();
+  void keepJobs();
   std::uint16_t open(Half half, std::uint16_t port);
   void readConsole();
 
@@ -86,7 +88,7 @@ class Run {
   Automation automation_;
   Exchanger exchanger_;
   PageSite site_;
-  JobKeeper keeper_;
+  std::optional<JobKeeper> keeper_;
   Server server_;
   OperatorConsole console_;
   std::unique_ptr<InputReader> reader_;
@@ -103,8 +105,6 @@ Run::Run(const Options& options)
       exchanger_(automation_.answerer() ? *automation_.answerer() : devicesAnswer_,
                  simulation_.faults, simulation_.traffic, simulation_.devices.printers.jobs()),
       site_(embeddedFiles(), api_),
-      keeper_(options.paperDir, namesOf(simulation_.devices.printers),
-              options.quiet ? JobKeeper::Tell() : say, warn),
       server_(exchanger_, {warn}),
       console_(simulation_.devices, simulation_.faults, [this] { server_.stop(); }) {
   simulation_.restore = [this](TimePoint) { restore(); };
@@ -148,10 +148,7 @@ void Run::listenToChanges() {
   if (!options_.quiet) {
     exchanger_.observe([](const Exchange& exchange) { printLine(exchangeLine(exchange)); });
   }
-  simulation_.devices.printers.jobs().listen([this](const Job& job) {
-    keeper_.changed(job);
-    server_.wakeFeeds();
-  });
+  simulation_.devices.printers.jobs().listen([this](const Job&) { server_.wakeFeeds(); });
   simulation_.traffic.listen([this](const TrafficEntry&) { server_.wakeFeeds(); });
   simulation_.faults.listen([this] { server_.wakeFeeds(); });
 }
@@ -173,6 +170,14 @@ void Run::openPorts() {
   say("page on " + pageAddress({ports.webAddress, ports.web}));
 }
 
+// The files of an earlier run make way only now: while the ports were not open, they may have been
+// those of a simulator that has them and is still running.
+void Run::keepJobs() {
+  keeper_.emplace(options_.paperDir, namesOf(simulation_.devices.printers),
+                  options_.quiet ? JobKeeper::Tell() : say, warn);
+  simulation_.devices.printers.jobs().listen([this](const Job& job) { keeper_->changed(job); });
+}
+
 void Run::readConsole() {
   reader_ = std::make_unique<InputReader>([this](std::string line) {
     server_.post([this, line = std::move(line)] {
@@ -187,6 +192,7 @@ int Run::serve() {
   listenToChanges();
   automation_.attach(simulation_, exchanger_);
   openPorts();
+  keepJobs();
   if (options_.console) readConsole();
   automation_.start();
   say("ready");

@@ -207,6 +207,18 @@ case $case_name in
     expect_exit 0
     [ "$(<"Käse 苹果/job-0002-Label.txt")" = Label ] || fail "wrong text"
     ;;
+  paper_dir_in_use)
+    # A second simulator that can not start leaves the paper of the first one alone.
+    cd "$dir" || fail "no folder"
+    start "${any_ports[@]}" --quiet --paper-dir paper
+    expect_ok "$printing" '{"cmd":"printtext","printerType":"1","fontsize":"28","text":"mine"}' \
+      '{"cmd":"beginPrint","printerType":"1"}'
+    "${program[@]}" --port 0 --printing-port "$printing" --paper-dir paper </dev/null >out.log 2>refusal.log
+    status=$?
+    [ "$status" -eq 1 ] || fail "exit status $status instead of 1"
+    [ "$(ls paper)" = $'job-0001-Ticket.svg\njob-0001-Ticket.txt' ] || fail "other files: $(ls paper)"
+    [ "$(tr -d '\r' <paper/job-0001-Ticket.txt)" = mine ] || fail "wrong text"
+    ;;
   paper_dir_unusable)
     cd "$dir" || fail "no folder"
     echo "in the way" >paper
