@@ -14,7 +14,7 @@ constexpr std::size_t kMaxQuoted = 100;
 constexpr int kBadRequest = 400;
 constexpr int kForbidden = 403;
 
-std::string quoted(std::string_view text) { return "\"" + printable(text, kMaxQuoted) + "\""; }
+std::string inQuotes(std::string_view text) { return "\"" + printable(text, kMaxQuoted) + "\""; }
 
 std::string ownPage(const WebAddress& server) {
   return "Open the simulator's own page, " + pageAddress(server) +
@@ -39,7 +39,7 @@ std::optional<HttpResponse> refuseHost(std::string_view host, const WebAddress& 
   if (isOurs(host, server.port)) return std::nullopt;
   const std::string port = std::to_string(server.port);
   return httpError(kForbidden,
-                   "the request is for the host " + quoted(host) + ", which is not the simulator",
+                   "the request is for the host " + inQuotes(host) + ", which is not the simulator",
                    "Use " + pageAddress(server) + " or http://localhost:" + port +
                        "/: an IPv4 address or localhost, and port " + port + ".");
 }
@@ -48,10 +48,10 @@ std::optional<HttpResponse> refuseOrigin(const HttpHead& head, std::string_view 
                                          const WebAddress& server) {
   for (const std::string_view origin : head.all("Origin")) {
     if (equalIgnoringCase(origin, "http://" + std::string(host))) continue;
-    return httpError(
-        kForbidden,
-        "the request comes from a page of " + quoted(origin) + ", which may not use the simulator",
-        ownPage(server) + "Origin header.");
+    return httpError(kForbidden,
+                     "the request comes from a page of " + inQuotes(origin) +
+                         ", which may not use the simulator",
+                     ownPage(server) + "Origin header.");
   }
   return std::nullopt;
 }
@@ -64,7 +64,7 @@ std::optional<HttpResponse> refuseSite(const HttpHead& head, const HttpTarget& t
     if (site == "same-origin" || site == "none") continue;
     return httpError(kForbidden,
                      "the request comes from a page of another site (Sec-Fetch-Site is " +
-                         quoted(site) + "), which may not use the simulator",
+                         inQuotes(site) + "), which may not use the simulator",
                      ownPage(server) + "Sec-Fetch-Site header.");
   }
   return std::nullopt;
