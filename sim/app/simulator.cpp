@@ -135,7 +135,7 @@ Automation::World Run::automationWorld() {
 
 // What was printed is gone, on disk as well, and what is being printed with it.
 void Run::restore() {
-  keeper_.restart();
+  if (keeper_) keeper_->restart();
   simulation_.devices.restore(scaleConfig(options_), options_.load);
   simulation_.faults.clear();
   simulation_.traffic.restart();

@@ -56,7 +56,7 @@ std::optional<HttpResponse> refuseHead(const HttpHead& head,
                 "Allow", kAllowedMethods);
   }
   if (target->repeated) {
-    return httpError(400, quoted(*target->repeated) + " stands more than once in the query",
+    return httpError(400, inQuotes(*target->repeated) + " stands more than once in the query",
                      "Send each parameter once.");
   }
   return refuseBody(head);
