@@ -103,6 +103,24 @@ test('a page of 1280 shows scale, paper, traffic and faults side by side', async
   assert.ok(await fitsAcross(page));
 });
 
+for (const viewport of [{ width: 1280, height: 800 }, kPhone]) {
+  test(`the names of all commands are read in full on a page of ${viewport.width}`, async ({ open, printing }) => {
+    const commands = ['calibrateOutOfPaper', 'print_text_width', 'settakepapersensor', 'setTextWrapMode'];
+    for (const cmd of commands) await printing.ask({ cmd });
+    const page = await open({ viewport });
+    if (viewport === kPhone) await page.role('button', 'Traffic', '.views').click();
+    await page.waitForRows(commands.length);
+    const cut = await page.page.evaluate(() => [...document.querySelectorAll('#traffic-rows .cell-command')]
+      .filter((cell) => cell.scrollWidth > cell.clientWidth).map((cell) => cell.textContent));
+    assert.deepEqual(cut, []);
+    assert.ok(await page.page.evaluate(() => {
+      const list = document.querySelector('#traffic-rows');
+      return list.scrollWidth <= list.clientWidth;
+    }), 'no scrolling sideways');
+    assert.ok(await fitsAcross(page));
+  });
+}
+
 test('on a phone a request leads to its paper, and the paper to its requests', async ({ open, printing }) => {
   await printing.receipt(['one']);
   const page = await open({ viewport: kPhone });
