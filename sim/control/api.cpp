@@ -144,6 +144,7 @@ void Api::answer(const HttpRequest& request, std::function<void(HttpResponse)> r
     Call call{simulation_,
               diary_,
               waitingRoom_,
+              papers_,
               world_.openApi,
               world_.now(),
               std::move(found.names),

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "control/job_diary.h"
+#include "control/paper_cache.h"
 #include "control/simulation.h"
 #include "control/state_text.h"
 #include "control/waiting_room.h"
@@ -43,6 +44,7 @@ class Api : public WebSite {
   World world_;
   JobDiary diary_;
   WaitingRoom waitingRoom_;
+  PaperCache papers_;
   std::shared_ptr<StateText> stateText_;
 };
 

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "control/listing.h"
+#include "control/paper_cache.h"
 #include "control/printer_lookup.h"
 #include "control/route.h"
 #include "control/traffic_listing.h"
@@ -73,10 +74,21 @@ HttpResponse paperResponse(const Call& call, const Job& job, std::string body,
   return response;
 }
 
+// Nothing is drawn for a client that has left: those who ask and leave again and again would keep
+// everybody else waiting.
+PaperCache::Picture pictureOf(const Call& call, const Job& job, Form form) {
+  if (auto picture = call.papers.find(job, form)) return picture;
+  if (call.clientLeft && call.clientLeft()) {
+    throw ControlError(408, "the client has left before the paper was drawn",
+                       "Keep the connection open until the answer has come.");
+  }
+  return call.papers.keep(job, form, svgOf(job.paper(), form));
+}
+
 Answer getPicture(Call& call) {
   const auto job = jobOf(call);
   const Form form = textOr(call, "form", "picture") == "strip" ? Form::Strip : Form::Picture;
-  return paperResponse(call, *job, svgOf(job->paper(), form), "image/svg+xml", kPictureSuffix);
+  return paperResponse(call, *job, *pictureOf(call, *job, form), "image/svg+xml", kPictureSuffix);
 }
 
 Answer getText(Call& call) {

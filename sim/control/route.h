@@ -17,6 +17,7 @@
 
 namespace tolvex::sim {
 
+class PaperCache;
 class WaitingRoom;
 
 /// One request with all that its handler works on. The references outlive the call.
@@ -24,6 +25,7 @@ struct Call {
   Simulation& simulation;
   const JobDiary& diary;
   WaitingRoom& waitingRoom;
+  PaperCache& papers;
   std::string_view openApi;
   TimePoint now;
   /// What stands in the path where the route has names in braces, in their order.
@@ -34,6 +36,7 @@ struct Call {
   Json body;
   /// For handlers that answer later.
   std::function<void(HttpResponse)> respond;
+  /// Empty when nobody knows.
   std::function<bool()> clientLeft;
 };
 

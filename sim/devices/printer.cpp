@@ -315,7 +315,10 @@ ResultCode Printer::calibrateLabelGap() {
   const int distance = 2 * stock()->pitch() - stock()->position;
   if (const ResultCode code = feedDots(distance); code != ResultCode::Ok) return code;
   supply_.learn();
-  if (job_) job_->layOut(*learnt());
+  if (job_) {
+    job_->layOut(*learnt());
+    log_->noted(*job_);
+  }
   knowsLabelGap_ = true;
   return ResultCode::Ok;
 }

@@ -78,6 +78,7 @@ class HttpSession : public std::enable_shared_from_this<HttpSession> {
   void carryOut();
   void answer();
   HttpRequest takeRequest();
+  bool hasLeft();
   void openLiveChannel(const HttpRequest& request);
   void askSite(const HttpRequest& request);
   void respond(const HttpResponse& response);
@@ -261,9 +262,20 @@ HttpRequest HttpSession::takeRequest() {
   request.body = std::move(parser_->get().body());
   request.clientLeft = [weak = weak_from_this(), turn = answering_] {
     const auto self = weak.lock();
-    return !self || self->answering_ != turn || !self->socket_.is_open();
+    return !self || self->answering_ != turn || self->hasLeft();
   };
   return request;
+}
+
+// While nothing is being read, only a look at the socket tells that the client's side is closed.
+bool HttpSession::hasLeft() {
+  if (!socket_.is_open()) return true;
+  if (reading_ || !unread_.empty()) return false;
+  error_code error;
+  socket_.non_blocking(true, error);
+  char next = 0;
+  if (!error) socket_.receive(asio::buffer(&next, 1), tcp::socket::message_peek, error);
+  return error && error != asio::error::would_block && error != asio::error::try_again;
 }
 
 void HttpSession::carryOut() {

@@ -19,7 +19,8 @@ struct HttpRequest {
   std::map<std::string, std::string> query;  // decoded; each name once
   std::string contentType;                   // without parameters, lower case; empty if none
   std::string body;
-  /// Whether the client has left since, for those that answer later; empty when nobody knows.
+  /// Whether the client has left since, for those that answer later or only after much work; empty
+  /// when nobody knows. A client that has closed its side counts as gone.
   std::function<bool()> clientLeft;
 };
 

@@ -102,6 +102,35 @@ TEST_F(JobRoutesTest, HandOutTheirPaper) {
   EXPECT_TRUE(api_.call("GET", "/api/jobs/1/paper.txt?download=0").headers.empty());
 }
 
+TEST_F(JobRoutesTest, ShowTheirPaperAsItIsNow) {
+  print(ticket(), "Hello");
+  const auto picture = [this] { return api_.call("GET", "/api/jobs/1/paper.svg").body; };
+  EXPECT_EQ(picture(), svgOf(ticket().job()->paper()));
+  EXPECT_EQ(picture(), svgOf(ticket().job()->paper()));
+  ticket().feed(10);
+  EXPECT_EQ(picture(), svgOf(ticket().job()->paper()));
+  json("POST", "/api/reset");
+  print(ticket(), "Anew");
+  EXPECT_EQ(picture(), svgOf(ticket().job()->paper()));
+}
+
+TEST_F(JobRoutesTest, AreNotDrawnForAClientThatHasLeft) {
+  print(ticket(), "Hello");
+  const auto askAndLeave = [this] {
+    HttpRequest request;
+    request.method = "GET";
+    request.path = "/api/jobs/1/paper.svg";
+    request.clientLeft = [] { return true; };
+    int status = 0;
+    api_.answer(request, [&status](const HttpResponse& response) { status = response.status; });
+    return status;
+  };
+  EXPECT_EQ(askAndLeave(), 408);
+  // What is drawn already costs nothing.
+  EXPECT_EQ(api_.call("GET", "/api/jobs/1/paper.svg").status, 200);
+  EXPECT_EQ(askAndLeave(), 200);
+}
+
 TEST_F(JobRoutesTest, KnowTheirExchanges) {
   print(ticket(), "x");
   exchange("printtext", Half::Printing, 1);

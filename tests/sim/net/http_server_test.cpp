@@ -230,5 +230,20 @@ TEST_F(HttpServerTest, AClientThatDoesNotReadHoldsUpOnlyItself) {
   EXPECT_TRUE(slow.next().body == std::string(TestSite::kLong, 'x'));
 }
 
+TEST_F(HttpServerTest, AClientThatLeftBeforeItsTurnIsKnown) {
+  std::promise<void> free;
+  server_.post([&free] { free.get_future().wait(); });
+  WebClient stays(port_);
+  stays.send(request("GET /now"));
+  {
+    WebClient leaves(port_);
+    leaves.send(request("GET /now"));
+  }
+  free.set_value();
+  EXPECT_EQ(stays.next().summary(), "200 OK: GET /now");
+  await([this] { return site_.leftAtOnce.size() == 2; });
+  EXPECT_EQ(onServer([this] { return site_.leftAtOnce; }), (std::vector<bool>{false, true}));
+}
+
 }  // namespace
 }  // namespace tolvex::sim

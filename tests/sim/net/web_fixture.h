@@ -48,7 +48,8 @@ class NewsFeed : public LiveFeed {
   std::size_t told_ = 0;
 };
 
-/// Tells what it was asked; /later is answered when the test says so, /long is long, /fail fails.
+/// Tells what it was asked; /later is answered when the test says so, /long is long, /fail fails,
+/// /now looks whether the client is still there.
 class TestSite : public WebSite {
  public:
   void answer(const HttpRequest& request, std::function<void(HttpResponse)> respond) override {
@@ -62,6 +63,7 @@ class TestSite : public WebSite {
       if (asked) asked();
       return;
     }
+    if (request.path == "/now") leftAtOnce.push_back(request.clientLeft());
     if (request.path == "/picture") response.contentType = "image/svg+xml";
     response.body = request.path == "/long" ? std::string(kLong, 'x') : describe(request);
     respond(response);
@@ -87,7 +89,8 @@ class TestSite : public WebSite {
   int requests = 0;
   std::deque<std::function<void(HttpResponse)>> later;
   std::deque<std::function<bool()>> clientLeft;
-  std::function<void()> asked;  // called when /later was asked for
+  std::vector<bool> leftAtOnce;  // whether clients had left when /now was asked for
+  std::function<void()> asked;   // called when /later was asked for
   News news;
   std::vector<std::string> opened;
   int feeds = 0;
