@@ -139,6 +139,7 @@ void Run::restore() {
   simulation_.devices.restore(scaleConfig(options_), options_.load);
   simulation_.faults.clear();
   simulation_.traffic.restart();
+  server_.dropWaiting();
   service_.restore();
   automation_.restored();
 }

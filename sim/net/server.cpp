@@ -101,6 +101,12 @@ void Server::wakeFeeds() {
   if (impl_->web) impl_->web->wake();
 }
 
+void Server::dropWaiting() {
+  for (ServedPort& port : impl_->ports) {
+    for (Session* session : port.sessions) session->dropIfWaiting();
+  }
+}
+
 void Server::stopOnSignals() {
   for (const int signal : platform::stopSignals()) impl_->signals.add(signal);
   impl_->signals.async_wait([this](const boost::system::error_code& error, int) {

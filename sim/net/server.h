@@ -53,6 +53,9 @@ class Server {
   /// often as anything changes: many calls at once cost no more than one.
   void wakeFeeds();
 
+  /// Resets the connections whose reply waits for its time. To be called on the thread in run().
+  void dropWaiting();
+
   /// The signals that end the program (Ctrl-C and its relatives) make run() return from now on.
   void stopOnSignals();
 

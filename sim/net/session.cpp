@@ -6,6 +6,8 @@
 #include <string>
 #include <utility>
 
+#include "platform/platform.h"
+
 namespace tolvex::sim {
 
 namespace {
@@ -64,6 +66,10 @@ void Session::drop() {
   timer_.cancel();
 }
 
+void Session::dropIfWaiting() {
+  if (isWaiting_) drop();
+}
+
 void Session::read() {
   socket_.async_read_some(asio::buffer(received_),
                           [self = shared_from_this()](error_code error, std::size_t count) {
@@ -93,10 +99,26 @@ void Session::yield() {
 
 void Session::wait(std::chrono::milliseconds time, Step next) {
   if (time.count() == 0) return (this->*next)();
+  isWaiting_ = true;
+  watch();
   timer_.expires_after(time);
   timer_.async_wait([self = shared_from_this(), next](error_code error) {
+    self->isWaiting_ = false;
     if (error) return self->lose();
     (*self.*next)();
+  });
+}
+
+// A reset by the client ends the waiting, where the system tells. A client that only ended its side
+// looks like one that still wants its reply.
+void Session::watch() {
+  if (isWatched_ || !platform::tellsOfResets()) return;
+  isWatched_ = true;
+  socket_.async_wait(tcp::socket::wait_error, [weak = weak_from_this()](error_code error) {
+    const auto self = weak.lock();
+    if (!self) return;
+    self->isWatched_ = false;
+    if (!error) self->dropIfWaiting();
   });
 }
 

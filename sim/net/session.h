@@ -27,6 +27,8 @@ class Session : public std::enable_shared_from_this<Session> {
 
   /// Resets the connection at once, whatever is under way.
   void drop();
+  /// The same, if a reply or a part of it waits for its time.
+  void dropIfWaiting();
 
  private:
   using Step = void (Session::*)();
@@ -35,6 +37,7 @@ class Session : public std::enable_shared_from_this<Session> {
   void answerNext();
   void yield();
   void wait(std::chrono::milliseconds time, Step next);
+  void watch();
   void send();
   void pauseBetweenPieces();
   void sendRest();
@@ -50,6 +53,8 @@ class Session : public std::enable_shared_from_this<Session> {
   ServedPort& port_;
   Caller caller_;
   bool isCounted_ = false;
+  bool isWaiting_ = false;
+  bool isWatched_ = false;
   JsonSplitter splitter_;
   std::array<char, 4096> received_{};
   Delivery delivery_;

@@ -28,4 +28,8 @@ void surviveClosedOutput();
 /// left to show up in the bind.
 void prepareToListen(std::uintptr_t nativeSocket);
 
+/// Whether the system tells of a connection that the other side has reset while nobody reads or
+/// writes.
+bool tellsOfResets();
+
 }  // namespace tolvex::sim::platform

@@ -31,4 +31,6 @@ void prepareToListen(std::uintptr_t nativeSocket) {
   ::setsockopt(static_cast<int>(nativeSocket), SOL_SOCKET, SO_REUSEADDR, &on, sizeof on);
 }
 
+bool tellsOfResets() { return true; }
+
 }  // namespace tolvex::sim::platform

@@ -53,4 +53,6 @@ void prepareToListen(std::uintptr_t nativeSocket) {
                reinterpret_cast<const char*>(&on), sizeof on);
 }
 
+bool tellsOfResets() { return false; }
+
 }  // namespace tolvex::sim::platform

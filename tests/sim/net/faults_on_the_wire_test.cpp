@@ -126,6 +126,37 @@ TEST_P(FaultsOnTheWire, AClientThatLeavesBeforeALateReplyLosesIt) {
   EXPECT_EQ(outcomeOf(1), Outcome::Lost);
 }
 
+TEST_P(FaultsOnTheWire, WhoWaitsForAReplyCanBeDropped) {
+  breakWith(FaultKind::Delay, [](FaultRule& rule) { rule.time = kNever; });
+  TestClient client(port());
+  client.send(request());
+  await([this] { return !traffic_.entries().empty(); });
+  onServer([this] { server_.dropWaiting(); });
+  EXPECT_TRUE(client.endsWith(TestClient::End::Reset));
+  await([this] { return traffic_.connections(GetParam().half) == 0; });
+  EXPECT_EQ(outcomeOf(1), Outcome::Lost);
+}
+
+#ifndef _WIN32  // which tells of it only where something is read or written
+TEST_P(FaultsOnTheWire, AReplyDoesNotWaitForAClientThatHasReset) {
+  breakWith(FaultKind::Delay, [](FaultRule& rule) { rule.time = kNever; });
+  TestClient client(port());
+  client.send(request() + kOther);
+  await([this] { return !traffic_.entries().empty(); });
+  client.vanish();
+  awaitNoClients(GetParam().half);
+  EXPECT_EQ(outcomeOf(1), Outcome::Lost);
+}
+#endif
+
+TEST_P(FaultsOnTheWire, AHalfClosedClientStillGetsItsLateReply) {
+  breakWith(FaultKind::Delay, [](FaultRule& rule) { rule.time = kLate; });
+  TestClient client(port());
+  client.send(request());
+  client.endSending();
+  EXPECT_EQ(client.receiveAll(), reply());
+}
+
 TEST_P(FaultsOnTheWire, AConnectionWithoutAnAnswerGoesOn) {
   breakWith(FaultKind::NoAnswer);
   TestClient client(port());
