@@ -5,8 +5,9 @@
 #include <vector>
 
 #include "app/input_file.h"
+#include "app/start_state.h"
+#include "app/trial.h"
 #include "control/simulation.h"
-#include "scenario/call_refusal.h"
 
 namespace tolvex::sim {
 
@@ -53,11 +54,11 @@ std::string_view insteadOf(const Delivery& delivery) {
 
 }  // namespace
 
-Automation::Automation(const Options& options, const CallApi& trial, World world)
+Automation::Automation(const Options& options, StartState& start, World world)
     : options_(options),
       world_(std::move(world)),
       end_(options.limits, {world_.after, world_.stop}) {
-  if (!options.scenario.empty()) loadScenario(trial);
+  if (!options.scenario.empty()) loadScenario(start);
   if (!options.replay.empty()) {
     useFile("recording", options.replay, kMaxRecordingBytes, [this](const std::string& text) {
       replay_.emplace(parseRecording(text), [this](const std::string& difference) {
@@ -68,7 +69,7 @@ Automation::Automation(const Options& options, const CallApi& trial, World world
   if (!options.record.empty()) recorder_.emplace(options.record);
 }
 
-void Automation::loadScenario(const CallApi& trial) {
+void Automation::loadScenario(StartState& start) {
   ScenarioRun::Surroundings surroundings;
   surroundings.call = world_.call;
   surroundings.after = world_.after;
@@ -79,7 +80,7 @@ void Automation::loadScenario(const CallApi& trial) {
   surroundings.exit = [this] { end_.endSoon(); };
   useFile("scenario", options_.scenario, kMaxScenarioBytes, [&](const std::string& text) {
     Scenario scenario = parseScenario(text);
-    tryCalls(scenario, trial);
+    tryScenario(scenario, start);
     scenario_ = std::make_unique<ScenarioRun>(std::move(scenario), std::move(surroundings));
   });
 }
@@ -101,7 +102,6 @@ void Automation::attach(Simulation& simulation, Exchanger& exchanger) {
 
 void Automation::restored() {
   finished_.clear();
-  if (scenario_) scenario_->prepare();
 }
 
 void Automation::start() {

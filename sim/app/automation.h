@@ -19,6 +19,7 @@
 namespace tolvex::sim {
 
 struct Simulation;
+class StartState;
 
 /// A file that was named on the command line can not be used. The text says which, why, and what
 /// can be done.
@@ -44,9 +45,9 @@ class Automation {
   /// Exit status when the run was not as expected.
   static constexpr int kUnmet = 3;
 
-  /// Reads the files, and tries the scenario's calls on `trial`, an API whose devices nobody uses.
-  /// Throws UnusableFile, or std::runtime_error if no recording can be written.
-  Automation(const Options& options, const CallApi& trial, World world);
+  /// Reads the files, tries the scenario's calls on devices that nobody uses, and adds its initial
+  /// state to `start`. Throws UnusableFile, or std::runtime_error if no recording can be written.
+  Automation(const Options& options, StartState& start, World world);
   Automation(const Automation&) = delete;
   Automation& operator=(const Automation&) = delete;
 
@@ -57,7 +58,7 @@ class Automation {
   /// live as long as this.
   void attach(Simulation& simulation, Exchanger& exchanger);
 
-  /// The simulation was restored: sets the scenario's initial state again. Its steps go on.
+  /// The simulation was restored. The scenario's steps go on.
   void restored();
 
   /// The run begins: the ports are open.
@@ -69,7 +70,7 @@ class Automation {
   int finish();
 
  private:
-  void loadScenario(const CallApi& trial);
+  void loadScenario(StartState& start);
   void exchanged(const Exchange& exchange, const TrafficLog& traffic);
   void jobChanged(const Job& job);
   void record(const Exchange& exchange);

@@ -13,6 +13,7 @@
 #include "app/job_keeper.h"
 #include "app/listen_advice.h"
 #include "app/picture_files.h"
+#include "app/start_state.h"
 #include "base/embedded_file.h"
 #include "console/input_reader.h"
 #include "console/operator_console.h"
@@ -36,29 +37,10 @@ void say(const std::string& text) { printLine("zelkad-sim: " + text); }
 
 void warn(const std::string& text) { std::cerr << "zelkad-sim: " << text << std::endl; }
 
-ScaleConfig scaleConfig(const Options& options) {
-  ScaleConfig config;
-  setSettling(config, options.settling);
-  return config;
-}
-
 std::vector<std::string> namesOf(const Printers& printers) {
   std::vector<std::string> names;
   for (const Printer& printer : printers.all()) names.push_back(printer.name());
   return names;
-}
-
-// Calls on devices that nobody uses, as they are at the start.
-CallApi trialCalls(const Options& options) {
-  struct Trial {
-    explicit Trial(const Options& options)
-        : simulation(scaleConfig(options), options.load), api(simulation, {}) {}
-    Simulation simulation;
-    Api api;
-  };
-  return [trial = std::make_shared<Trial>(options)](const ApiCall& call) {
-    return callApi(trial->api, call);
-  };
 }
 
 // One run, with all its parts. Each part refers to those above it only; what reaches the server
@@ -73,7 +55,7 @@ class Run {
  private:
   Api::World apiWorld();
   Automation::World automationWorld();
-  void restore();
+  void restore(TimePoint now);
   void listenToChanges();
   void openPorts();
   void keepJobs();
@@ -81,6 +63,7 @@ class Run {
   void readConsole();
 
   const Options& options_;
+  StartState start_;
   Simulation simulation_;
   Service service_;
   ServiceAnswerer devicesAnswer_;
@@ -96,18 +79,22 @@ class Run {
 
 Run::Run(const Options& options)
     : options_(options),
-      simulation_(scaleConfig(options), options.load),
+      start_(options),
+      simulation_(start_.scale(), options.load),
       service_(simulation_.devices,
                [](const std::string& path) { return loadPicture(path, warn); }),
       devicesAnswer_(service_),
       api_(simulation_, apiWorld()),
-      automation_(options, trialCalls(options), automationWorld()),
+      automation_(options, start_, automationWorld()),
       exchanger_(automation_.answerer() ? *automation_.answerer() : devicesAnswer_,
                  simulation_.faults, simulation_.traffic, simulation_.devices.printers.jobs()),
       site_(embeddedFiles(), api_),
       server_(exchanger_, {warn}),
       console_(simulation_.devices, simulation_.faults, [this] { server_.stop(); }) {
-  simulation_.restore = [this](TimePoint) { restore(); };
+  simulation_.restore = [this](TimePoint now) { restore(now); };
+  simulation_.restoreOther = [this](Simulation& other, TimePoint now) {
+    start_.restore(other, now);
+  };
 }
 
 Api::World Run::apiWorld() {
@@ -134,11 +121,9 @@ Automation::World Run::automationWorld() {
 }
 
 // What was printed is gone, on disk as well, and what is being printed with it.
-void Run::restore() {
+void Run::restore(TimePoint now) {
   if (keeper_) keeper_->restart();
-  simulation_.devices.restore(scaleConfig(options_), options_.load);
-  simulation_.faults.clear();
-  simulation_.traffic.restart();
+  start_.restore(simulation_, now);
   server_.dropWaiting();
   service_.restore();
   automation_.restored();

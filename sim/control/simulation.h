@@ -37,6 +37,9 @@ struct Simulation {
   /// is being printed is lost, without a word to those who listen; job and exchange numbers begin
   /// again at 1. Set by whoever knows that state.
   std::function<void(TimePoint now)> restore;
+  /// Brings the devices and faults of another simulation to that state, to try there what is to
+  /// follow on it. Set together with `restore`.
+  std::function<void(Simulation& other, TimePoint now)> restoreOther;
   /// How often it was restored. Who keeps numbers of jobs or exchanges forgets them when it changes.
   std::uint64_t epoch = 0;
 

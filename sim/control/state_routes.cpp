@@ -34,7 +34,8 @@ Answer patchState(Call& call) {
 
 // The patch is checked before anything is lost, on a simulation like the one that there will be.
 Answer reset(Call& call) {
-  Simulation fresh(call.simulation.devices.scale.config());
+  Simulation fresh;
+  if (call.simulation.restoreOther) call.simulation.restoreOther(fresh, call.now);
   Plan check;
   planState(fresh, call.body, call.now, check);
   call.simulation.reset(call.now);

@@ -20,11 +20,15 @@ class ApiFixture : public ::testing::Test {
 
   ApiFixture() {
     simulation_.started = wallTime_;
-    simulation_.restore = [this](TimePoint) {
-      simulation_.devices.restore({}, 0);
-      simulation_.faults.clear();
-      simulation_.traffic.restart();
-    };
+    simulation_.restore = [this](TimePoint) { restore(simulation_); };
+    simulation_.restoreOther = [this](Simulation& other, TimePoint) { restore(other); };
+  }
+
+  void restore(Simulation& simulation) const {
+    simulation.devices.restore({}, 0);
+    simulation.faults.clear();
+    simulation.traffic.restart();
+    if (initial_) initial_(simulation);
   }
 
   /// Status and body of an answer: `200 {"open":false,"openings":0}`.
@@ -108,6 +112,8 @@ class ApiFixture : public ::testing::Test {
   TimePoint now_{std::chrono::hours(1)};
   // In the order in which they were set; all of them take equally long.
   std::vector<std::pair<TimePoint, std::function<void()>>> timers_;
+  // What differs at the start from devices as they are built.
+  std::function<void(Simulation&)> initial_;
   Simulation simulation_;
   Api api_{simulation_,
            {[this] { return now_; }, [this] { return wallTime_; },

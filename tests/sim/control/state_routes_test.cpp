@@ -119,5 +119,18 @@ TEST_F(StateRoutesTest, AResetMayComeWithAPatchThatIsCheckedBefore) {
   EXPECT_EQ(state.at("epoch"), 1);
 }
 
+TEST_F(StateRoutesTest, AResetThatDoesNotFitTheStartLosesNothing) {
+  initial_ = [](Simulation& simulation) {
+    simulation.devices.printers.findName("Ticket")->set(Setting::PaperWidth, 128);
+  };
+  print(ticket(), "x");
+  const std::string before = call("GET", "/api/state");
+  EXPECT_EQ(
+      refusal("POST", "/api/reset", R"({"printers":{"Ticket":{"settings":{"left-margin":200}}}})")
+          .substr(0, 24),
+      "400 in /printers/Ticket/");
+  EXPECT_EQ(call("GET", "/api/state"), before);
+}
+
 }  // namespace
 }  // namespace tolvex::sim
