@@ -1,5 +1,6 @@
 #include "app/automation.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 #include <vector>
@@ -57,7 +58,7 @@ std::string_view insteadOf(const Delivery& delivery) {
 Automation::Automation(const Options& options, StartState& start, World world)
     : options_(options),
       world_(std::move(world)),
-      end_(options.limits, {world_.after, world_.stop}) {
+      end_(options.limits, {world_.after, [this] { return isAnswering(); }, world_.stop}) {
   if (!options.scenario.empty()) loadScenario(start);
   if (!options.replay.empty()) {
     useFile("recording", options.replay, kMaxRecordingBytes, [this](const std::string& text) {
@@ -86,6 +87,7 @@ void Automation::loadScenario(StartState& start) {
 }
 
 void Automation::attach(Simulation& simulation, Exchanger& exchanger) {
+  traffic_ = &simulation.traffic;
   started_ = Clock::now();
   exchanger.observe([this, &traffic = simulation.traffic](const Exchange& exchange) {
     exchanged(exchange, traffic);
@@ -137,6 +139,12 @@ void Automation::note(const Event& event) {
     if (scenario_) scenario_->happened(event);
     end_.happened(event);
   });
+}
+
+bool Automation::isAnswering() const {
+  const auto& entries = traffic_->entries();
+  return std::any_of(entries.rbegin(), entries.rend(),
+                     [](const TrafficEntry& entry) { return entry.outcome == Outcome::Pending; });
 }
 
 void Automation::record(const Exchange& exchange) {

@@ -73,6 +73,7 @@ class Automation {
   void loadScenario(StartState& start);
   void exchanged(const Exchange& exchange, const TrafficLog& traffic);
   void jobChanged(const Job& job);
+  bool isAnswering() const;
   void record(const Exchange& exchange);
   void note(const Event& event);
   int reportUnmet();
@@ -83,6 +84,7 @@ class Automation {
   std::optional<Recorder> recorder_;
   std::unique_ptr<ScenarioRun> scenario_;
   RunEnd end_;
+  const TrafficLog* traffic_ = nullptr;
   TimePoint started_;
   std::uint64_t exchanges_ = 0;
   bool recordingFailed_ = false;

@@ -48,9 +48,11 @@ void RunEnd::endSoon() {
 }
 
 void RunEnd::waitForQuiet() {
-  surroundings_.after(kQuiet, [this, seen = requests_] {
-    waited_ += kQuiet;
-    if (requests_ == seen || waited_ >= kLongest) return surroundings_.stop();
+  surroundings_.after(kStep, [this, seen = requests_] {
+    waited_ += kStep;
+    const bool isQuiet = requests_ == seen && !surroundings_.isAnswering();
+    quiet_ = isQuiet ? quiet_ + kStep : std::chrono::milliseconds(0);
+    if (quiet_ >= kQuiet || waited_ >= kLongest) return surroundings_.stop();
     waitForQuiet();
   });
 }

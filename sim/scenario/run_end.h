@@ -15,14 +15,18 @@ namespace tolvex::sim {
 class RunEnd {
  public:
   /// A program is not done with a job when the job is finished: it cuts the paper, opens the
-  /// drawer. So after a count the run goes on until no request has come for kQuiet, but not for
-  /// longer than kLongest. The time limit ends it at once.
+  /// drawer. So after a count the run goes on until clients have been quiet for kQuiet: no request
+  /// has come, and none is without its reply. It does not go on for longer than kLongest. The time
+  /// limit ends it at once. Clients are looked at each kStep.
+  static constexpr std::chrono::milliseconds kStep{100};
   static constexpr std::chrono::milliseconds kQuiet{500};
   static constexpr std::chrono::milliseconds kLongest{5000};
 
   struct Surroundings {
     /// Has a function called when a time has passed.
     std::function<void(std::chrono::milliseconds time, std::function<void()> function)> after;
+    /// Whether a request is still without its reply.
+    std::function<bool()> isAnswering;
     std::function<void()> stop;
   };
 
@@ -53,6 +57,7 @@ class RunEnd {
   bool timeUp_ = false;
   bool ending_ = false;
   std::chrono::milliseconds waited_{0};  // for quiet
+  std::chrono::milliseconds quiet_{0};   // the latest part of it
 };
 
 }  // namespace tolvex::sim

@@ -412,6 +412,14 @@ there or just before." --scenario "$dir/sale.json"
     expect_line '^zelkad-sim: stopped$'
     expect_exit 0
     ;;
+  exit_after_delay)
+    # The client gets the reply that the run waits for, however late it is.
+    echo '{"initial": {"faults": [{"kind": "delay", "delay_ms": 1500}]}}' >"$dir/slow.json"
+    start "${any_ports[@]}" --quiet --scenario "$dir/slow.json" --exit-after 1request
+    expect_reply "$weighing" "$check" "$ok"
+    expect_line '^zelkad-sim: stopped$'
+    expect_exit 0
+    ;;
   exit_after_unmet)
     start "${any_ports[@]}" --exit-after 1job,2requests,100ms
     expect_exit 3

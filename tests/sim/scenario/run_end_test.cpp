@@ -15,7 +15,7 @@ class RunEndTest : public ::testing::Test {
         RunEnd::Surroundings{[this](milliseconds time, std::function<void()> function) {
                                waits_.emplace_back(time, std::move(function));
                              },
-                             [this] { stopped_ = true; }});
+                             [this] { return answering_; }, [this] { stopped_ = true; }});
     end_->start();
   }
 
@@ -26,7 +26,18 @@ class RunEndTest : public ::testing::Test {
     function();
   }
 
+  /// Time passes until the run is stopped; gives how long it took.
+  milliseconds passTimeToTheEnd() {
+    milliseconds passed{0};
+    while (!stopped_ && passed < milliseconds(60'000)) {
+      passed += waits_.front().first;
+      passTime();
+    }
+    return passed;
+  }
+
   std::vector<std::pair<milliseconds, std::function<void()>>> waits_;
+  bool answering_ = false;
   bool stopped_ = false;
   std::unique_ptr<RunEnd> end_;
 };
@@ -46,13 +57,28 @@ TEST_F(RunEndTest, ACountEndsARunWhenTheClientIsQuiet) {
   EXPECT_TRUE(waits_.empty());
   end_->happened(job("Label"));
   ASSERT_EQ(waits_.size(), 1U);
-  EXPECT_EQ(waits_[0].first, RunEnd::kQuiet);
+  EXPECT_EQ(waits_[0].first, RunEnd::kStep);
   end_->happened(request("cutPaper"));
   passTime();
-  EXPECT_FALSE(stopped_);
-  passTime();
-  EXPECT_TRUE(stopped_);
+  EXPECT_EQ(passTimeToTheEnd(), RunEnd::kQuiet);
   EXPECT_EQ(end_->unmet(), "");
+}
+
+TEST_F(RunEndTest, AClientThatWaitsForItsReplyGetsItAndTimeToGoOn) {
+  limit("1request");
+  answering_ = true;
+  end_->happened(request("getweight"));
+  for (int i = 0; i < 15; ++i) passTime();
+  EXPECT_FALSE(stopped_);
+  answering_ = false;
+  EXPECT_EQ(passTimeToTheEnd(), RunEnd::kQuiet);
+}
+
+TEST_F(RunEndTest, AReplyThatTakesTooLongDoesNotKeepItForEver) {
+  limit("1request");
+  answering_ = true;
+  end_->happened(request("getweight"));
+  EXPECT_EQ(passTimeToTheEnd(), RunEnd::kLongest);
 }
 
 TEST_F(RunEndTest, AClientThatIsNeverQuietDoesNotKeepItForEver) {
@@ -63,7 +89,7 @@ TEST_F(RunEndTest, AClientThatIsNeverQuietDoesNotKeepItForEver) {
     end_->happened(request("getweight"));
     passTime();
   }
-  EXPECT_EQ(rounds, RunEnd::kLongest / RunEnd::kQuiet);
+  EXPECT_EQ(rounds, RunEnd::kLongest / RunEnd::kStep);
 }
 
 TEST_F(RunEndTest, OtherEventsDoNotCount) {
@@ -78,7 +104,7 @@ TEST_F(RunEndTest, WhateverComesFirstEndsIt) {
   end_->happened(request("a"));
   end_->happened(request("b"));
   ASSERT_EQ(waits_.size(), 2U);
-  EXPECT_EQ(waits_[1].first, RunEnd::kQuiet);
+  EXPECT_EQ(waits_[1].first, RunEnd::kStep);
   EXPECT_EQ(end_->unmet(), "");
 }
 
@@ -97,7 +123,7 @@ TEST_F(RunEndTest, WhoeverAsksEndsItAsSoonAsItIsQuiet) {
   end_->endSoon();
   end_->endSoon();
   ASSERT_EQ(waits_.size(), 2U);
-  EXPECT_EQ(waits_[1].first, RunEnd::kQuiet);
+  EXPECT_EQ(waits_[1].first, RunEnd::kStep);
 }
 
 }  // namespace
