@@ -45,6 +45,9 @@ void tryScenario(const Scenario& scenario, StartState& start) {
   Trial trial(start);
   if (scenario.initial) start.setInitial(scenario.initial->body);
   tryCalls(scenario, [&trial](const ApiCall& call) { return trial.call(call); });
+  checkExpectedState(scenario.expectations, [&trial] {
+    return trial.call({"GET", "/api/state", "", ""}).body;
+  });
 }
 
 }  // namespace tolvex::sim

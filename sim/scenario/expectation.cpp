@@ -4,6 +4,7 @@
 #include <nlohmann/json.hpp>
 #include <numeric>
 
+#include "base/list.h"
 #include "base/printable.h"
 #include "scenario/json_value.h"
 
@@ -65,6 +66,34 @@ const json* find(const json& value, const std::string& name) {
   return found == value.end() ? nullptr : &*found;
 }
 
+// What find() finds.
+std::string namesIn(const json& value) {
+  std::string names;
+  for (const auto& [key, member] : value.items()) {
+    if (value.is_object()) addToList(names, key);
+    if (value.is_array() && member.is_object() && member.contains("name")) {
+      addToList(names, member["name"].get<std::string>());
+    }
+  }
+  return names;
+}
+
+void checkShape(const JsonValue& expected, const json& actual) {
+  if (expected.json().is_null() || actual.is_null()) return;
+  if (expected.isObject() && actual.is_structured()) {
+    expected.forEachMember([&](const std::string& name, const JsonValue& member) {
+      const json* found = find(actual, name);
+      if (found != nullptr) return checkShape(member, *found);
+      const std::string names = namesIn(actual);
+      member.refuse("the state has no such member",
+                    names.empty() ? "Write a list: [...]." : "Members are: " + names + ".");
+    });
+  } else if (std::string_view(expected.json().type_name()) != actual.type_name()) {
+    expected.refuse(shown(&expected.json()) + " is no " + actual.type_name(),
+                    "Write one, like " + shown(&actual) + ".");
+  }
+}
+
 void compare(const JsonValue& expected, const json* actual, std::vector<std::string>& differences) {
   if (expected.isObject() && actual != nullptr && actual->is_structured()) {
     expected.forEachMember([&](const std::string& name, const JsonValue& member) {
@@ -77,6 +106,13 @@ void compare(const JsonValue& expected, const json* actual, std::vector<std::str
 }
 
 }  // namespace
+
+void checkExpectedState(const Expectations& expectations,
+                        const std::function<std::string()>& state) {
+  if (expectations.state.empty()) return;
+  const json expected = readJson(expectations.state);
+  checkShape(JsonValue(expected, kStatePlace), readJson(state()));
+}
 
 std::vector<std::string> unmetCounts(const std::vector<CountExpectation>& counts,
                                      const Tally& tally) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,6 +24,9 @@ struct CountExpectation {
   std::optional<std::int64_t> most;
 };
 
+/// The place of the expected state.
+constexpr const char* kStatePlace = "/expect/state";
+
 struct Expectations {
   std::vector<CountExpectation> counts;
   /// Each step has acted.
@@ -30,6 +34,12 @@ struct Expectations {
   /// JSON that the state at the end has to contain, see differencesOf(); empty: any.
   std::string state;
 };
+
+/// Throws Refusal if the state that is expected has a member that `state`, the state at some time in
+/// JSON, does not have, or a value of another type. What is null now may be anything later, and the
+/// other way round. `state` is asked only if a state is expected.
+void checkExpectedState(const Expectations& expectations,
+                        const std::function<std::string()>& state);
 
 /// One line for each count that is not as expected: "/expect/jobs/Ticket: 1 instead of 2".
 std::vector<std::string> unmetCounts(const std::vector<CountExpectation>& counts,

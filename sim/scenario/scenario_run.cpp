@@ -114,7 +114,7 @@ std::vector<std::string> ScenarioRun::unmet(const std::function<std::string()>& 
                     (ended_ ? "the run ended before " + waiting_->place : describeWaiting()));
   }
   if (!expected.state.empty()) {
-    for (auto& line : differencesOf(expected.state, state(), "/expect/state")) {
+    for (auto& line : differencesOf(expected.state, state(), kStatePlace)) {
       lines.push_back(std::move(line));
     }
   }

@@ -395,6 +395,9 @@ load_kg is 2000, but it has to be a number from -1000 to 1000. Send a number fro
     echo '{"steps": [{"call": [{"method": "POST", "path": "/api/printer/Ticket/tear"}]}]}' >"$dir/sale.json"
     expect_refusal 2 "zelkad-sim: cannot use the scenario $dir/sale.json: /steps/0/call/0: there is no \
 path \"/api/printer/Ticket/tear\". GET /api lists the paths that there are." --scenario "$dir/sale.json"
+    echo '{"expect": {"state": {"drawer": {"opened": true}}}}' >"$dir/sale.json"
+    expect_refusal 2 "zelkad-sim: cannot use the scenario $dir/sale.json: /expect/state/drawer/opened: \
+the state has no such member. Members are: open, openings." --scenario "$dir/sale.json"
     printf '{"steps": [\n{"log" 1}]}' >"$dir/sale.json"
     expect_refusal 2 "zelkad-sim: cannot use the scenario $dir/sale.json: line 2, column 8: this is no \
 JSON (syntax error while parsing object separator - unexpected number literal; expected ':'). Mend it \

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "scenario/refusal.h"
 #include "scenario_fixture.h"
 
 namespace tolvex::sim {
@@ -52,6 +53,51 @@ TEST(StateDifferences, OnlyWhatIsExpectedIsCompared) {
             Lines({"/p/a/b: 2 instead of 1", "/p/e: nothing instead of null"}));
   EXPECT_EQ(differencesOf(R"({"a": {"b": 1}})", R"({"a": 5})", "/p"),
             Lines({"/p/a: 5 instead of {\"b\":1}"}));
+}
+
+// What is wrong with an expected state when the state is this.
+std::string refusalOf(const char* expected, const char* state) {
+  Expectations expectations;
+  expectations.state = expected;
+  try {
+    checkExpectedState(expectations, [&] { return state; });
+  } catch (const Refusal& refusal) {
+    return refusal.what();
+  }
+  return "taken";
+}
+
+const char* const kState =
+    R"({"drawer": {"open": false, "openings": 0}, "faults": [], "last": null,
+        "printers": [{"name": "Label", "type": 0}, {"name": "Ticket", "type": 1}]})";
+
+TEST(ExpectedState, MayDifferInItsValues) {
+  EXPECT_EQ(refusalOf(R"({"drawer": {"open": true, "openings": 2.5}, "faults": [{"id": 1}],
+                          "last": "x", "printers": {"Ticket": {"type": 7}}})",
+                      kState),
+            "taken");
+  EXPECT_EQ(refusalOf(R"({"drawer": {"open": null}, "last": {"x": 1}})", kState), "taken");
+}
+
+TEST(ExpectedState, HasOnlyMembersThatThereAre) {
+  EXPECT_EQ(refusalOf(R"({"drawer": {"opened": true}})", kState),
+            "/expect/state/drawer/opened: the state has no such member. Members are: open, "
+            "openings.");
+  EXPECT_EQ(refusalOf(R"({"printers": {"Tiket": {}}})", kState),
+            "/expect/state/printers/Tiket: the state has no such member. Members are: Label, "
+            "Ticket.");
+  EXPECT_EQ(refusalOf(R"({"faults": {"close": {}}})", kState),
+            "/expect/state/faults/close: the state has no such member. Write a list: [...].");
+}
+
+TEST(ExpectedState, HasValuesOfTheTypesThatThereAre) {
+  EXPECT_EQ(refusalOf(R"({"drawer": {"open": 1}})", kState),
+            "/expect/state/drawer/open: 1 is no boolean. Write one, like false.");
+  EXPECT_EQ(refusalOf(R"({"printers": {"Ticket": {"type": "1"}}})", kState),
+            "/expect/state/printers/Ticket/type: \"1\" is no number. Write one, like 1.");
+  EXPECT_EQ(refusalOf(R"({"drawer": true})", kState),
+            "/expect/state/drawer: true is no object. Write one, like "
+            "{\"open\":false,\"openings\":0}.");
 }
 
 TEST(StateDifferences, ElementsOfListsAreFoundByName) {
