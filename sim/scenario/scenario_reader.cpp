@@ -13,6 +13,7 @@ namespace {
 constexpr double kLongestWaitSeconds = 86'400;
 constexpr long long kMaxEvents = 1'000'000;
 constexpr long long kMaxRounds = 1'000'000;
+constexpr const char* kWaitPath = "/api/wait";
 constexpr int kMaxExitStatus = 125;  // shells use those above for themselves
 
 Event::Kind readEvent(const JsonValue& on) {
@@ -72,6 +73,10 @@ ApiCall readCall(const JsonValue& value) {
   if (!method || !path) {
     value.refuse("it names no method or no path",
                  R"(Write {"method": "POST", "path": "/api/printers/Ticket/tear"}.)");
+  }
+  if (path->text().substr(0, path->text().find('?')) == kWaitPath) {
+    path->refuse("a step can not wait in a call",
+                 "Leave the call out, and give the next step a trigger (\"on\" or \"after_s\").");
   }
   const auto body = value.find("body");
   return {method->text(), path->text(), body ? body->json().dump() : "", value.place()};

@@ -108,6 +108,15 @@ TEST(ScenarioReader, RefusesActionsThatAreNone) {
             "/steps/1/log: 1 is no text. Write it in quotation marks.");
 }
 
+TEST(ScenarioReader, RefusesCallsThatWait) {
+  const std::string refusal =
+      "/steps/1/call/0/path: a step can not wait in a call. Leave the call out, and give the next "
+      "step a trigger (\"on\" or \"after_s\").";
+  EXPECT_EQ(refusalOfStep(R"({"call": [{"method": "GET", "path": "/api/wait"}]})"), refusal);
+  EXPECT_EQ(refusalOfStep(R"({"call": [{"method": "GET", "path": "/api/wait?event=job"}]})"),
+            refusal);
+}
+
 TEST(ScenarioReader, RefusesBlocksThatNeverWait) {
   EXPECT_EQ(refusalOfStep(R"({"repeat": 2, "steps": [{"log": "x"}]})"),
             "/steps/1: none of its steps waits for anything. Give one of them a trigger (\"on\" or "
