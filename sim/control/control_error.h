@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/json_pointer.h"
 #include "base/result_code.h"
 
 namespace tolvex::sim {
@@ -37,7 +38,7 @@ class ControlError : public std::runtime_error {
   /// The same error, where what is wrong stands in `member`.
   ControlError in(std::string_view member) const {
     ControlError error = *this;
-    error.place_ = "/" + std::string(member) + place_;
+    error.place_ = pointerTo(member) + place_;
     return error;
   }
 

@@ -10,12 +10,25 @@ namespace tolvex::sim {
 /// Members stay in the order in which they were added, as people read them.
 using Json = nlohmann::ordered_json;
 
-/// Reads a body or a file. Throws ControlError with the place of what is no JSON, of a member that
-/// occurs twice, and for more than kMaxJsonValues values or kMaxJsonDepth levels.
-Json parseJson(std::string_view text);
-
 constexpr int kMaxJsonValues = 5000;
 constexpr int kMaxJsonDepth = 20;
+
+/// How much a document may have, at most.
+struct JsonLimits {
+  int values = kMaxJsonValues;
+  int depth = kMaxJsonDepth;
+};
+
+/// Reads a document. Throws Json::parse_error for what is no JSON, and ControlError for too much of
+/// it, for a number that is too large and for a member that stands twice (with its place).
+Json readWithin(const JsonLimits& limits, std::string_view text);
+
+/// "line 3, column 2": where a byte is that parse_error names, as editors count.
+std::string positionIn(std::string_view text, std::size_t byte);
+
+/// Reads a body. Throws ControlError with the place of what is no JSON, of a member that
+/// occurs twice, and for more than kMaxJsonValues values or kMaxJsonDepth levels.
+Json parseJson(std::string_view text);
 
 /// In one line without a line end. Bytes that are not UTF-8 become U+FFFD.
 std::string textOf(const Json& json);

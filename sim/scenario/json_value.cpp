@@ -3,8 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/json_pointer.h"
 #include "base/list.h"
 #include "base/printable.h"
+#include "control/control_error.h"
+#include "control/json.h"
 #include "scenario/refusal.h"
 
 namespace tolvex::sim {
@@ -14,6 +17,8 @@ namespace {
 using nlohmann::json;
 
 constexpr std::size_t kMaxShownBytes = 80;
+constexpr int kMaxValues = 100'000;
+constexpr int kMaxLevels = 64;
 
 // A number as people write it: without the digits that a double has beyond them.
 std::string shown(double number) { return json(number).dump(); }
@@ -23,27 +28,9 @@ std::string shown(const json& value) {
   return printable(text, kMaxShownBytes);
 }
 
-// "~" and "/" have a form of their own in JSON pointers.
-std::string escaped(std::string_view member) {
-  std::string text;
-  for (const char c : member) {
-    if (c == '~') {
-      text += "~0";
-    } else if (c == '/') {
-      text += "~1";
-    } else {
-      text += c;
-    }
-  }
-  return text;
-}
-
-std::string lineAndColumn(std::string_view text, std::size_t position) {
-  const std::string_view before = text.substr(0, std::min(position, text.size()));
-  const auto line = std::count(before.begin(), before.end(), '\n') + 1;
-  const auto lineStart = before.rfind('\n');  // npos + 1 is 0
-  return "line " + std::to_string(line) + ", column " +
-         std::to_string(before.size() - (lineStart + 1) + 1);
+// Text in one line, however wild a name is.
+std::string placeOf(std::string_view member) {
+  return printable(pointerTo(member), kMaxShownBytes);
 }
 
 }  // namespace
@@ -52,7 +39,7 @@ std::optional<JsonValue> JsonValue::find(std::string_view member) const {
   if (!isObject()) return std::nullopt;
   const auto found = json().find(member);
   if (found == json().end()) return std::nullopt;
-  return JsonValue(*found, place_ + "/" + escaped(member));
+  return JsonValue(*found, place_ + placeOf(member));
 }
 
 void JsonValue::requireObject() const {
@@ -72,7 +59,7 @@ void JsonValue::forEachMember(
     const std::function<void(const std::string& name, JsonValue)>& use) const {
   requireObject();
   for (const auto& [name, value] : json().items()) {
-    use(name, JsonValue(value, place_ + "/" + escaped(name)));
+    use(name, JsonValue(value, place_ + placeOf(name)));
   }
 }
 
@@ -118,13 +105,14 @@ void JsonValue::refuse(const std::string& what, const std::string& remedy) const
 
 json readJson(std::string_view text) {
   try {
-    return json::parse(text);
+    return json(readWithin({kMaxValues, kMaxLevels}, text));
+  } catch (const ControlError& error) {
+    throw Refusal(error.place(), error.what(), error.remedy());
   } catch (const json::parse_error& error) {
     std::string reason = error.what();
     const auto detail = reason.find(": ", reason.find("parse error at "));
     if (detail != std::string::npos) reason = reason.substr(detail + 2);
-    throw Refusal(lineAndColumn(text, error.byte == 0 ? 0 : error.byte - 1),
-                  "this is no JSON (" + printable(reason, 300) + ")",
+    throw Refusal(positionIn(text, error.byte), "this is no JSON (" + printable(reason, 300) + ")",
                   "Mend it there or just before.");
   }
 }

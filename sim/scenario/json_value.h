@@ -44,7 +44,8 @@ class JsonValue {
   std::string place_;
 };
 
-/// Reads a document in UTF-8. Refuses what is no JSON, with line and column as the place.
+/// Reads a document in UTF-8. Refuses what is no JSON, with line and column as the place; a member
+/// that stands twice, and numbers and documents that are too large.
 nlohmann::json readJson(std::string_view text);
 
 }  // namespace tolvex::sim

@@ -77,6 +77,8 @@ TEST_F(ApiTest, ABodyHasToSayThatItIsJson) {
 TEST_F(ApiTest, AMemberMayNotStandTwice) {
   EXPECT_EQ(refusal("PATCH", "/api/scale", "{\"load_kg\": 1, \"load_kg\": 2}"),
             "400 \"load_kg\" stands twice in one object | Leave one of them out.");
+  EXPECT_EQ(refusal("PATCH", "/api/state", R"({"faults":[{},{"kind":1,"kind":2}]})"),
+            "400 in /faults/1: \"kind\" stands twice in one object | Leave one of them out.");
   EXPECT_EQ(
       json("PATCH", "/api/state", R"({"scale":{"load_kg":1},"drawer":{"open":true}})").at("drawer"),
       nlohmann::json({{"open", true}, {"openings", 1}}));

@@ -57,6 +57,30 @@ TEST(ScenarioReader, RefusesWhatIsNoJsonWithItsLine) {
             "of input; expected '[', '{', or a literal). Mend it there or just before.");
 }
 
+TEST(ScenarioReader, RefusesMembersThatStandTwice) {
+  EXPECT_EQ(refusalOfStep(R"({"set": {"scale": {"load_kg": 1, "load_kg": 2}}})"),
+            "/steps/1/set/scale/load_kg: \"load_kg\" stands twice in one object. Leave one of them "
+            "out.");
+  EXPECT_EQ(refusalOf(R"({"steps": [], "steps": []})"),
+            "/steps: \"steps\" stands twice in one object. Leave one of them out.");
+}
+
+TEST(ScenarioReader, RefusesNumbersThatAreTooLarge) {
+  const std::string refusal =
+      ": the JSON has a number that is too large. Send numbers of less than 1e300.";
+  EXPECT_EQ(refusalOfStep(R"({"after_s": 1e999})"), "/steps/1/after_s" + refusal);
+  EXPECT_EQ(refusalOfStep(R"({"log": [[], [1, 2, 1e999]]})"), "/steps/1/log/1/2" + refusal);
+}
+
+TEST(ScenarioReader, RefusesDocumentsThatAreTooLarge) {
+  EXPECT_EQ(refusalOf(std::string(1000, '[')),
+            "the JSON is nested too deeply. Send no more than 100000 values on 64 levels.");
+  std::string list = "[1";
+  for (int i = 0; i < 100'000; ++i) list += ",1";
+  EXPECT_EQ(refusalOf(list + "]"),
+            "the JSON has too many values. Send no more than 100000 values on 64 levels.");
+}
+
 TEST(ScenarioReader, RefusesOtherMembers) {
   EXPECT_EQ(refusalOf(R"({"step": []})"),
             "/step: there is no such member. Members are: initial, steps, expect.");
