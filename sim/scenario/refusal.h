@@ -3,7 +3,8 @@
 
 #include <stdexcept>
 #include <string>
-#include <utility>
+
+#include "base/printable.h"
 
 namespace tolvex::sim {
 
@@ -12,9 +13,13 @@ namespace tolvex::sim {
 class Refusal : public std::runtime_error {
  public:
   /// `what` and `remedy` are sentences, the first one without its full stop. `place` is a JSON
-  /// pointer or a line; empty for the file as a whole.
+  /// pointer or a line; empty for the file as a whole. They may quote the file as it is.
   Refusal(const std::string& place, const std::string& what, const std::string& remedy)
-      : std::runtime_error((place.empty() ? "" : place + ": ") + what + ". " + remedy) {}
+      : std::runtime_error(
+            printable((place.empty() ? "" : place + ": ") + what + ". " + remedy, kMaxBytes)) {}
+
+ private:
+  static constexpr std::size_t kMaxBytes = 2000;
 };
 
 }  // namespace tolvex::sim

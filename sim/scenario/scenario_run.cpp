@@ -2,9 +2,16 @@
 
 #include <utility>
 
+#include "base/printable.h"
 #include "scenario/call_refusal.h"
 
 namespace tolvex::sim {
+
+namespace {
+
+constexpr std::size_t kMaxLogBytes = 1000;
+
+}  // namespace
 
 ScenarioRun::ScenarioRun(Scenario scenario, Surroundings surroundings)
     : scenario_(std::move(scenario)), surroundings_(std::move(surroundings)) {}
@@ -83,7 +90,8 @@ void ScenarioRun::passTime() {
 
 void ScenarioRun::act() {
   const Step& step = *waiting_;
-  surroundings_.say("step " + step.place + (step.log.empty() ? "" : ": " + step.log));
+  surroundings_.say("step " + step.place +
+                    (step.log.empty() ? "" : ": " + printable(step.log, kMaxLogBytes)));
   for (const ApiCall& call : step.calls) carryOut(call);
   if (!step.exit) return;
   ended_ = true;

@@ -91,6 +91,13 @@ TEST(ScenarioReader, RefusesOtherMembers) {
   EXPECT_EQ(refusalOf("[]"), "[] is no object. Write an object: {...}.");
 }
 
+TEST(ScenarioReader, RefusesInOneLine) {
+  EXPECT_EQ(refusalOf(R"({"x\ny": 1})"),
+            "/x\\x0ay: there is no such member. Members are: initial, steps, expect.");
+  EXPECT_EQ(refusalOfStep(R"({"on": "x\ny"})"),
+            "/steps/1/on: \"x\\x0ay\" is no event. Events are request, job and connection.");
+}
+
 TEST(ScenarioReader, RefusesTriggersThatAreNone) {
   EXPECT_EQ(refusalOfStep(R"({"on": "click"})"),
             "/steps/1/on: \"click\" is no event. Events are request, job and connection.");

@@ -18,6 +18,15 @@ TEST_F(ScenarioTest, StepsWithoutTriggerActAtOnceInOrder) {
   EXPECT_EQ(done(), Lines({"say step /steps/0: one", "say step /steps/1: two"}));
 }
 
+TEST_F(ScenarioTest, ATextCanNotPassForAnotherLine) {
+  play(R"({"steps": [{"log": "x\nready\u001b[2J"}, {"on": "request", "command": "a\nb"}],
+           "expect": {"steps": "all", "requests": {"c\nd": 1}}})");
+  EXPECT_EQ(done(), Lines({"say step /steps/0: x\\x0aready\\x1b[2J"}));
+  EXPECT_EQ(unmet(), Lines({"/expect/requests/c\\x0ad: 0 instead of 1",
+                            "/expect/steps: not all steps acted; /steps/1 still waits for 1 "
+                            "request a\\x0ab, of which 0 came"}));
+}
+
 TEST_F(ScenarioTest, AStepSetsStateThenCalls) {
   play(R"({"steps": [{"call": [{"method": "POST", "path": "/api/reset"},
                                {"method": "POST", "path": "/api/faults", "body": {"kind": "close"}}],
