@@ -93,12 +93,13 @@ expect_page() {
   [ "${line%$'\r'}" = "HTTP/1.1 $3" ] || fail "answer \"$line\" instead of $3 for $2"
 }
 
-# A POST to the page's port, whose answer has to begin with the status.
+# A POST to the page's port, with a body in JSON if there is one, whose answer has to begin with the
+# status: expect_post PORT PATH STATUS [BODY].
 expect_post() {
   local connection line
   exec {connection}<>"/dev/tcp/127.0.0.1/$1" || fail "cannot connect to port $1"
-  printf 'POST %s HTTP/1.1\r\nHost: 127.0.0.1:%s\r\nContent-Length: 0\r\nConnection: close\r\n\r\n' "$2" "$1" \
-    >&"$connection"
+  printf 'POST %s HTTP/1.1\r\nHost: 127.0.0.1:%s\r\nContent-Type: application/json\r\nContent-Length: %s\r\n'`
+    `'Connection: close\r\n\r\n%s' "$2" "$1" "$(printf '%s' "${4-}" | wc -c)" "${4-}" >&"$connection"
   IFS= read -r -t 60 line <&"$connection"
   exec {connection}>&-
   [ "${line%$'\r'}" = "HTTP/1.1 $3" ] || fail "answer \"$line\" instead of $3 for $2"
@@ -146,14 +147,19 @@ case $case_name in
       `'"zero":"0","tareType":"N","highResNet":"0.4820","weightUnit":"kg"}'
     ;;
   reset)
-    printf '{"initial": {"scale": {"load_kg": 0.482, "settling_s": 0}}}' >"$dir/scenario.json"
+    printf '{"initial": {"scale": {"load_kg": 0.482, "settling_s": 0},
+      "printers": {"Third": {"settings": {"paper-width": 128}}}}}' >"$dir/scenario.json"
     start "${any_ports[@]}" --quiet --scenario "$dir/scenario.json" --paper-dir "$dir/paper"
     line='{"cmd":"printtext","printerType":"1","fontsize":"24","text":"begun"}'
     expect_page "$web" /api/wait?event=request\&timeout_s=0 "408 Request Timeout"
     expect_ok "$weighing" "$check" '{"cmd":"setloglevel","module":"loadcell","level":"2"}'
     # One job that is finished, and one that is being printed.
     expect_ok "$printing" "${line/begun/done}" '{"cmd":"beginPrint","printerType":"1"}' "${line/\"1\"/\"2\"}"
-    [ "$(ls "$dir/paper")" = $'job-0001-Ticket.svg\njob-0001-Ticket.txt' ] || fail "other files"
+    [ "$(ls "$dir/paper")" = $'job-0001-Ticket.svg
+job-0001-Ticket.txt' ] || fail "other files"
+    # What does not fit the initial state is refused before anything is lost.
+    expect_post "$web" /api/reset "400 Bad Request" '{"printers":{"Third":{"settings":{"left-margin":200}}}}'
+    expect_page "$web" /api/jobs/1 "200 OK"
     expect_post "$web" /api/reset "200 OK"
     [ -z "$(ls -A "$dir/paper")" ] || fail "jobs from before the reset: $(ls -A "$dir/paper")"
     expect_reply "$weighing" '{"cmd":"getloglevel","module":"loadcell"}' '{"result":"0","level":"5"}'
