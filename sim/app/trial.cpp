@@ -1,5 +1,8 @@
 #include "app/trial.h"
 
+#include <chrono>
+#include <functional>
+
 #include "app/api_call.h"
 #include "app/start_state.h"
 #include "control/api.h"
