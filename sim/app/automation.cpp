@@ -102,9 +102,7 @@ void Automation::attach(Simulation& simulation, Exchanger& exchanger) {
   if (scenario_) scenario_->prepare();
 }
 
-void Automation::restored() {
-  finished_.clear();
-}
+void Automation::restored() { finished_.clear(); }
 
 void Automation::start() {
   end_.start();

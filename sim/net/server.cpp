@@ -9,8 +9,8 @@
 #include <utility>
 #include <vector>
 
-#include "net/http_session.h"
 #include "exchange/exchanger.h"
+#include "net/http_session.h"
 #include "net/listener.h"
 #include "net/session.h"
 #include "net/web_host.h"

@@ -171,8 +171,14 @@ TEST_F(HttpLimitsTest, ConnectionsBeyond256AreToldThatThereIsNoPlace) {
   }
 }
 
+#ifdef _WIN32  // under Wine each of them takes many milliseconds
+constexpr int kConnections = 500;
+#else
+constexpr int kConnections = 10'000;
+#endif
+
 TEST_F(HttpLimitsTest, ThousandsOfConnectionsInTurnAreServed) {
-  for (int i = 0; i < 10000; ++i) {
+  for (int i = 0; i < kConnections; ++i) {
     WebClient client(port_);
     if (i % 4 == 1) client.send("GET /x HT");
     if (i % 4 == 2) client.send(request("GET /x"));
