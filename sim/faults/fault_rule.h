@@ -33,7 +33,7 @@ const char* name(FaultKind kind);
 const std::vector<FaultKind>& faultKinds();
 
 /// The kind with this name, if there is one.
-std::optional<FaultKind> findFaultKind(std::string_view name);
+std::optional<FaultKind> findFaultKind(std::string_view text);
 
 /// One fault that the operator has switched on.
 struct FaultRule {

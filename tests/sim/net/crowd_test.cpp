@@ -142,10 +142,14 @@ std::string partingBytes(int number) {
   return kinds[static_cast<std::size_t>(number) % kinds.size()];
 }
 
-#ifdef _WIN32  // under Wine each of them takes many milliseconds
+// Under Wine each of them takes milliseconds, and a port at which hundreds of connections were reset
+// before they were accepted takes no more.
+#ifdef _WIN32
 constexpr int kConnections = 500;
+constexpr bool kMayVanish = false;
 #else
 constexpr int kConnections = 10'000;
+constexpr bool kMayVanish = true;
 #endif
 
 TEST_F(Crowd, ThousandsOfConnectionsInTurnLeaveNothingBehind) {
@@ -153,7 +157,7 @@ TEST_F(Crowd, ThousandsOfConnectionsInTurnLeaveNothingBehind) {
     for (int i = 0; i < kConnections; ++i) {
       TestClient client(port);
       client.send(partingBytes(i));
-      if (i % 2 == 0) client.vanish();
+      if (kMayVanish && i % 2 == 0) client.vanish();
     }
   }
   EXPECT_EQ(TestClient(weighingPort_).ask(kCheck), R"({"result":"0"})");

@@ -171,10 +171,14 @@ TEST_F(HttpLimitsTest, ConnectionsBeyond256AreToldThatThereIsNoPlace) {
   }
 }
 
-#ifdef _WIN32  // under Wine each of them takes many milliseconds
+// Under Wine each of them takes milliseconds, and a port at which hundreds of connections were reset
+// before they were accepted takes no more.
+#ifdef _WIN32
 constexpr int kConnections = 500;
+constexpr bool kMayVanish = false;
 #else
 constexpr int kConnections = 10'000;
+constexpr bool kMayVanish = true;
 #endif
 
 TEST_F(HttpLimitsTest, ThousandsOfConnectionsInTurnAreServed) {
@@ -183,7 +187,7 @@ TEST_F(HttpLimitsTest, ThousandsOfConnectionsInTurnAreServed) {
     if (i % 4 == 1) client.send("GET /x HT");
     if (i % 4 == 2) client.send(request("GET /x"));
     if (i % 4 == 3) client.send("\r\n{garbage");
-    client.vanish();
+    if (kMayVanish) client.vanish();
   }
   while (ask(request("GET /x")) != "200 OK: GET /x") {
   }
