@@ -71,35 +71,136 @@ extern "C" {
 
 #define TOLVEX_DEFAULT_PRINTER 100 /* a printer type */
 
-/* Result codes, shared with the service. */
+/* The result codes, shared with the service: number, name, the same in mixed case, the code's own
+ * text, what it means, and what to do about it (texts in ASCII). This is the one list: the enum
+ * below is made of it, and an application's own table can be, too:
+ *
+ *   #define ROW(code, NAME, Name, text, meaning, remedy) {code, text, remedy},
+ *   static const struct { int code; const char *text, *remedy; } rows[] = {TOLVEX_RESULT_CODES(ROW)};
+ */
+#define TOLVEX_RESULT_CODES(CODE)                                                               \
+  CODE(0, OK, Ok, "OK", "The command was carried out.", "Nothing.")                             \
+  CODE(1, UNKNOWN, Unknown, "Unknown",                                                          \
+       "A failure without a more exact code; also a print job with nothing queued, and a name " \
+       "that the command does not know.",                                                       \
+       "Queue a line or an image before BeginPrint, and check the arguments. The log and the "  \
+       "service's own log say more.")                                                           \
+  CODE(2, INVALID_PARAM, InvalidParam, "Invalid Param",                                         \
+       "An argument is out of its range, null where it must not be, or not known to the "       \
+       "device.",                                                                               \
+       "Check the arguments against exports.h; printer names are those of GetPrinterList.")     \
+  CODE(3, SOCKET_LISTEN_FAIL, SocketListenFail, "Socket Listen Fail",                           \
+       "The service could not listen on one of its ports.",                                     \
+       "Find the other program that uses port 53264 or 53265, end it, and restart the "         \
+       "service.")                                                                              \
+  CODE(4, SOCKET_INTERRUPT, SocketInterrupt, "Socket Interrupt",                                \
+       "The service did not take the command or did not answer it: it is not running, is at "   \
+       "another address, closed the connection, or kept silent for the whole wait.",            \
+       "Start the service, check the address in zelkad_ip_config.ini and the firewall (ports "  \
+       "53264 and 53265), and try again. A print command may have been carried out: look at "   \
+       "the paper first.")                                                                      \
+  CODE(5, BUFFER_NOT_ENOUGH, BufferNotEnough, "Buffer Not Enough",                              \
+       "The answer does not fit the caller's buffer, or no buffer was given.",                  \
+       "Pass a larger buffer; a reply has at most 2048 bytes.")                                 \
+  CODE(6, TOO_MUCH_TO_PRINT, TooMuchToPrint, "Too Much To Print",                               \
+       "A line has more than 2048 bytes of UTF-8.",                                             \
+       "Break the text into shorter lines, or print it with PrintTextByPaperWidth.")            \
+  CODE(7, JSON_ERR, JsonErr, "Json Err",                                                        \
+       "The request or the reply is not the JSON that the other side expects.",                 \
+       "Check that library and service are of the same version; with DLL=2 in NLog.ini the "    \
+       "log shows both texts.")                                                                 \
+  CODE(8, MISS_PARAM, MissParam, "Miss param",                                                  \
+       "The request lacks a parameter that the command needs.",                                 \
+       "Check that library and service are of the same version; with a raw command, add the "   \
+       "parameter.")                                                                            \
+  CODE(9, VERSION_INCOMPATIBLE, VersionIncompatible, "Version Incompatible",                    \
+       "The service does not work with this version of the library.",                           \
+       "Bring library and service to versions that belong together.")                           \
+  CODE(10, COMMAND_RETURN_FAIL, CommandReturnFail, "Command return fail",                       \
+       "The device took the command and reported that it failed.",                              \
+       "Try again; if it stays, switch the device off and on, and read the service's log.")     \
+  CODE(1001, LC_CONNECTION_FAIL, LcConnectionFail, "LC Connection Fail",                        \
+       "There is no connection for weighing.",                                                  \
+       "Check that the service is running and that port 53264 can be reached, then restart "    \
+       "the application.")                                                                      \
+  CODE(1002, UNSUPPORT_WEIGHT_CMD, UnsupportWeightCmd, "Unsupport Weight Cmd",                  \
+       "This scale or this service does not know the weighing command.",                        \
+       "Bring the service up to date, or do without the command on this scale.")                \
+  CODE(1003, UNDER_LOAD, UnderLoad, "Under Load",                                               \
+       "The scale carries less than it can show: a plate is missing, or it was zeroed with a "  \
+       "load on it.",                                                                           \
+       "Put the plate back, empty the scale and zero it.")                                      \
+  CODE(1004, OVER_LOAD, OverLoad, "Over Load", "There is more on the scale than it can weigh.", \
+       "Take the load off at once and weigh it in parts.")                                      \
+  CODE(1005, WEIGHT_NOT_STABLE, WeightNotStable, "Weight Not Stable",                           \
+       "The weight has not settled.", "Wait until the goods lie still, and read again.")        \
+  CODE(1006, INVALID_WEIGHT, InvalidWeight, "Invalid Weight",                                   \
+       "The scale has no valid weight, for example before its zero is found.",                  \
+       "Empty the scale and zero it; if that does not help, switch it off and on.")             \
+  CODE(1007, LC_NOT_CONNECTED, LcNotConnected, "LC not connected",                              \
+       "The service cannot reach the scale.",                                                   \
+       "Check the scale's cable and power, then its port in the service's settings.")           \
+  CODE(2001, PRT_CONNECTION_FAIL, PrtConnectionFail, "Prt Connection Fail",                     \
+       "There is no connection for printing, or the service cannot reach the printer.",         \
+       "Check the printer's cable and power, that the service is running, and that port 53265 " \
+       "can be reached.")                                                                       \
+  CODE(2002, UNSUPPORT_PRINT_CMD, UnsupportPrintCmd, "Unsupport Print Cmd",                     \
+       "This printer or this service does not know the print command.",                         \
+       "Bring the service up to date, or do without the command on this printer.")              \
+  CODE(2003, PRT_DRV_RETURN_ERROR, PrtDrvReturnError, "Prt-drv Return Error",                   \
+       "The printer's driver reported an error.",                                               \
+       "Switch the printer off and on; if it stays, read the service's log and renew the "      \
+       "driver.")                                                                               \
+  CODE(2005, PRINTER_IS_BUSY, PrinterIsBusy, "Printer is Busy",                                 \
+       "The printer is still at work on something else.", "Wait a moment and try again.")       \
+  CODE(2006, OUT_OF_PAPER, OutOfPaper, "Out of Paper", "The printer has no paper left.",        \
+       "Put in new paper, close the cover, and print the job again: what came out before is "   \
+       "not complete.")                                                                         \
+  CODE(2007, PRINT_HEAD_IS_HOT, PrintHeadIsHot, "Print Head is Hot",                            \
+       "The print head is too hot to print.",                                                   \
+       "Let it cool down, then print the job again; a lower contrast heats it less.")           \
+  CODE(2008, PRINTER_NOT_FOUND, PrinterNotFound, "Printer Not Found",                           \
+       "There is no printer of this name or type.",                                             \
+       "Take a name of GetPrinterList, or a printer type that the service has (100 is its "     \
+       "default).")                                                                             \
+  CODE(2009, ILLEGAL_PRINT_HEAD, IllegalPrintHead, "Illegal Print Head",                        \
+       "The printer does not accept its print head.",                                           \
+       "Put in the head that belongs to the printer, and have it serviced.")                    \
+  CODE(2010, PRT_STATUS_ABNORMAL, PrtStatusAbnormal, "Prt Status Abnormal",                     \
+       "The printer reports a state in which it does not print, such as an open cover.",        \
+       "Close the cover, look for jammed paper, and switch the printer off and on.")
+
+/* What functions answer beside the result codes, in the same way: constant, text, meaning, remedy.
+ * -1 stands here twice, with a meaning for each kind of function. */
+#define TOLVEX_ANSWERS(ANSWER)                                                                 \
+  ANSWER(TOLVEX_OK, "Done", "The function did what it was called for.", "Nothing.")            \
+  ANSWER(TOLVEX_FAILED, "Failed",                                                              \
+         "The function failed; a missing argument is one reason, a command that failed "       \
+         "another.",                                                                           \
+         "Ask getLastErrCode() for the result code behind it, and read the log.")              \
+  ANSWER(TOLVEX_FONT_TOO_SMALL, "Font too small",                                              \
+         "PrintText and PrintTextByPaperWidth: the font size is below 12.",                    \
+         "Pass a size of 12 to 72.")                                                           \
+  ANSWER(TOLVEX_FONT_TOO_BIG, "Font too big",                                                  \
+         "PrintText and PrintTextByPaperWidth: the font size is above 72.",                    \
+         "Pass a size of 12 to 72.")                                                           \
+  ANSWER(TOLVEX_UNREADABLE_REPLY, "Unreadable reply",                                          \
+         "A function returning a code, or the last error: the reply is not JSON, was cut off " \
+         "or came in pieces, or has no text as its \"result\".",                               \
+         "Check that the program at ports 53264 and 53265 is the service; with DLL=2 in "      \
+         "NLog.ini the log shows the reply.")                                                  \
+  ANSWER(TOLVEX_UNDER_LOAD, "Under load",                                                      \
+         "read_standard: the scale carries less than it can show (result code 1003).",         \
+         "Put the plate back, empty the scale and zero it.")                                   \
+  ANSWER(TOLVEX_OVER_LOAD, "Over load",                                                        \
+         "read_standard: there is more on the scale than it can weigh (result code 1004).",    \
+         "Take the load off at once and weigh it in parts.")
+
+/* TOLVEX_RESULT_OK, TOLVEX_RESULT_OUT_OF_PAPER and so on. */
 enum tolvex_result {
-  TOLVEX_RESULT_OK = 0,
-  TOLVEX_RESULT_UNKNOWN = 1,
-  TOLVEX_RESULT_INVALID_PARAM = 2,
-  TOLVEX_RESULT_SOCKET_LISTEN_FAIL = 3,
-  TOLVEX_RESULT_SOCKET_INTERRUPT = 4,
-  TOLVEX_RESULT_BUFFER_NOT_ENOUGH = 5,
-  TOLVEX_RESULT_TOO_MUCH_TO_PRINT = 6,
-  TOLVEX_RESULT_JSON_ERR = 7,
-  TOLVEX_RESULT_MISS_PARAM = 8,
-  TOLVEX_RESULT_VERSION_INCOMPATIBLE = 9,
-  TOLVEX_RESULT_COMMAND_RETURN_FAIL = 10,
-  TOLVEX_RESULT_LC_CONNECTION_FAIL = 1001,
-  TOLVEX_RESULT_UNSUPPORT_WEIGHT_CMD = 1002,
-  TOLVEX_RESULT_UNDER_LOAD = 1003,
-  TOLVEX_RESULT_OVER_LOAD = 1004,
-  TOLVEX_RESULT_WEIGHT_NOT_STABLE = 1005,
-  TOLVEX_RESULT_INVALID_WEIGHT = 1006,
-  TOLVEX_RESULT_LC_NOT_CONNECTED = 1007,
-  TOLVEX_RESULT_PRT_CONNECTION_FAIL = 2001,
-  TOLVEX_RESULT_UNSUPPORT_PRINT_CMD = 2002,
-  TOLVEX_RESULT_PRT_DRV_RETURN_ERROR = 2003,
-  TOLVEX_RESULT_PRINTER_IS_BUSY = 2005,
-  TOLVEX_RESULT_OUT_OF_PAPER = 2006,
-  TOLVEX_RESULT_PRINT_HEAD_IS_HOT = 2007,
-  TOLVEX_RESULT_PRINTER_NOT_FOUND = 2008,
-  TOLVEX_RESULT_ILLEGAL_PRINT_HEAD = 2009,
-  TOLVEX_RESULT_PRT_STATUS_ABNORMAL = 2010
+#define TOLVEX_RESULT_NAME(code, NAME, Name, text, meaning, remedy) TOLVEX_RESULT_##NAME = code,
+  TOLVEX_RESULT_CODES(TOLVEX_RESULT_NAME)
+#undef TOLVEX_RESULT_NAME
 };
 
 /* ---- Records ---- */

@@ -13,7 +13,7 @@ struct Row {
 
 // In ascending order of the codes.
 constexpr Row kRows[] = {
-#define TOLVEX_ROW(code, name, message) {code, message},
+#define TOLVEX_ROW(code, NAME, Name, text, meaning, remedy) {code, text},
     TOLVEX_RESULT_CODES(TOLVEX_ROW)
 #undef TOLVEX_ROW
 };

@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(Of, ResultMessage, ::testing::ValuesIn(kMessages),
                          [](const auto& row) { return std::string(row.param.testName); });
 
 const std::vector<std::int32_t> kCodes = {
-#define TOLVEX_CODE(code, name, message) code,
+#define TOLVEX_CODE(code, NAME, Name, text, meaning, remedy) code,
     TOLVEX_RESULT_CODES(TOLVEX_CODE)
 #undef TOLVEX_CODE
 };
@@ -70,6 +70,31 @@ TEST(ResultCodes, AreTwentySevenInAscendingOrder) {
   EXPECT_TRUE(std::is_sorted(kCodes.begin(), kCodes.end()));
   EXPECT_EQ(std::adjacent_find(kCodes.begin(), kCodes.end()), kCodes.end());
   for (std::size_t row = 0; row < kCodes.size(); ++row) EXPECT_EQ(kCodes[row], kMessages[row].code);
+}
+
+struct Advice {
+  std::string meaning, remedy;
+};
+
+const std::vector<Advice> kAdvice = {
+#define TOLVEX_ADVICE(code, NAME, Name, text, meaning, remedy) {meaning, remedy},
+    TOLVEX_RESULT_CODES(TOLVEX_ADVICE)
+#undef TOLVEX_ADVICE
+#define TOLVEX_ADVICE(name, text, meaning, remedy) {meaning, remedy},
+        TOLVEX_ANSWERS(TOLVEX_ADVICE)
+#undef TOLVEX_ADVICE
+};
+
+TEST(ResultCodes, HaveAMeaningAndARemedyInWholeAsciiSentences) {
+  for (const Advice& advice : kAdvice) {
+    for (const std::string& text : {advice.meaning, advice.remedy}) {
+      EXPECT_EQ(text.back(), '.') << text;
+      EXPECT_EQ(text.find("  "), std::string::npos) << text;
+      EXPECT_TRUE(std::all_of(text.begin(), text.end(), [](char c) {
+        return c >= ' ' && c <= '~';
+      })) << text;
+    }
+  }
 }
 
 TEST(ResultCodes, HaveNoMessageForTheGapAt2004) { EXPECT_EQ(resultMessage(2004), nullptr); }
