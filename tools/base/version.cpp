@@ -1,0 +1,7 @@
+#include "base/version.h"
+
+namespace tolvex::ctl {
+
+const char* version() { return TOLVEX_CTL_VERSION; }
+
+}  // namespace tolvex::ctl
