@@ -18,15 +18,15 @@ namespace fs = std::filesystem;
 constexpr std::size_t kMaxNameBytes = 400;
 
 // What can not be read is told by exceptions of one kind, whose text is the reason.
-[[noreturn]] void refuse(const std::string& reason) { throw std::runtime_error(reason); }
+[[noreturn]] void refusePicture(const std::string& reason) { throw std::runtime_error(reason); }
 
 Bitmap load(const std::string& path) {
-  if (path.empty()) refuse("the name of the file is empty");
+  if (path.empty()) refusePicture("the name of the file is empty");
   // The system would take such a path for the part before the zero.
-  if (path.find('\0') != std::string::npos) refuse("its name contains a zero byte");
+  if (path.find('\0') != std::string::npos) refusePicture("its name contains a zero byte");
   const std::string bytes = readInputFile(fs::u8path(path), kMaxPictureFile);
   auto bitmap = decodeImage(bytes);
-  if (!bitmap) refuse(whyNotDecoded(bytes));
+  if (!bitmap) refusePicture(whyNotDecoded(bytes));
   return *std::move(bitmap);
 }
 

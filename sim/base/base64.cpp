@@ -7,7 +7,7 @@ namespace tolvex::sim {
 
 namespace {
 
-constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+constexpr char kAlphabet[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr std::size_t kGroupBytes = 3;
 constexpr std::size_t kGroupDigits = 4;
 
@@ -30,7 +30,7 @@ std::string base64Of(std::string_view bytes) {
     const std::uint32_t group = groupOf(bytes);
     for (std::size_t digit = 0; digit < kGroupDigits; ++digit) {
       // One byte fills two digits, two fill three.
-      text += digit <= bytes.size() ? kDigits[(group >> (18 - 6 * digit)) & 0x3FU] : '=';
+      text += digit <= bytes.size() ? kAlphabet[(group >> (18 - 6 * digit)) & 0x3FU] : '=';
     }
   }
   return text;
@@ -40,7 +40,7 @@ std::optional<std::string> bytesOfBase64(std::string_view text) {
   if (text.size() % kGroupDigits != 0) return std::nullopt;
   const std::size_t padding = text.size() - (text.find_last_not_of('=') + 1);
   if (padding > 2) return std::nullopt;
-  const std::string_view digits(kDigits);
+  const std::string_view digits(kAlphabet);
   std::string bytes;
   std::uint32_t kept = 0;  // bits that no byte has taken yet
   std::size_t bits = 0;

@@ -11,7 +11,7 @@ double kilogramsOf(Milligrams mass) {
   return static_cast<double>(mass) / static_cast<double>(kMilligramsPerKilogram);
 }
 
-Json inKilograms(Milligrams mass) { return plainNumber(kilogramsOf(mass)); }
+Json kilogramsShown(Milligrams mass) { return plainNumber(kilogramsOf(mass)); }
 
 const char* stateOf(ResultCode result) {
   switch (result) {
@@ -75,7 +75,7 @@ Json rangesView(const ScaleConfig& config) {
   Json ranges = Json::array();
   for (const WeighingRange& range : config.ranges) {
     ranges.push_back(
-        {{"max_kg", inKilograms(range.max)}, {"division_kg", inKilograms(range.division)}});
+        {{"max_kg", kilogramsShown(range.max)}, {"division_kg", kilogramsShown(range.division)}});
   }
   return ranges;
 }
@@ -84,19 +84,19 @@ Json rangesView(const ScaleConfig& config) {
 
 Json scaleView(const Scale& scale, TimePoint now) {
   const ScaleConfig& config = scale.config();
-  return {{"load_kg", inKilograms(scale.load())},
+  return {{"load_kg", kilogramsShown(scale.load())},
           {"connected", scale.isPluggedIn()},
           {"invalid", scale.isInvalid()},
           {"unstable", scale.isUnstable()},
           {"settling_s", plainNumber(scale.settling().count())},
-          {"noise_kg", inKilograms(scale.noise())},
+          {"noise_kg", kilogramsShown(scale.noise())},
           {"overload_alarm", scale.overloadAlarm()},
           {"reading", readingView(scale.weigh(now), config.decimals())},
           {"unit", config.unit},
           {"ranges", rangesView(config)},
-          {"min_kg", inKilograms(config.minRange)},
-          {"max_tare_kg", inKilograms(config.maxTare)},
-          {"max_preset_tare_kg", inKilograms(config.maxPreTare)}};
+          {"min_kg", kilogramsShown(config.minRange)},
+          {"max_tare_kg", kilogramsShown(config.maxTare)},
+          {"max_preset_tare_kg", kilogramsShown(config.maxPreTare)}};
 }
 
 Json drawerView(const CashDrawer& drawer) {

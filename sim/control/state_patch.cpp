@@ -28,11 +28,11 @@ void planFaults(FaultBoard& faults, const Json& patch, Plan& plan) {
   });
 }
 
-// Calls `read` with the member, if it is there.
-template <typename Read>
-void readMember(const Json& patch, const char* name, Read read) {
+// Plans with the member, if it is there.
+template <typename Make>
+void planMember(const Json& patch, const char* name, Make make) {
   const auto found = patch.find(name);
-  if (found != patch.end()) within(name, [&] { read(*found); });
+  if (found != patch.end()) within(name, [&] { make(*found); });
 }
 
 }  // namespace
@@ -40,11 +40,11 @@ void readMember(const Json& patch, const char* name, Read read) {
 void planState(Simulation& simulation, const Json& patch, TimePoint now, Plan& plan) {
   Devices& devices = simulation.devices;
   checkObject(patch, "a state", {"scale", "printers", "drawer", "faults"});
-  readMember(patch, "scale", [&](const Json& json) { planScale(devices.scale, json, now, plan); });
-  readMember(patch, "printers",
+  planMember(patch, "scale", [&](const Json& json) { planScale(devices.scale, json, now, plan); });
+  planMember(patch, "printers",
              [&](const Json& json) { planPrinters(devices.printers, json, plan); });
-  readMember(patch, "drawer", [&](const Json& json) { planDrawer(devices.drawer, json, plan); });
-  readMember(patch, "faults", [&](const Json& json) { planFaults(simulation.faults, json, plan); });
+  planMember(patch, "drawer", [&](const Json& json) { planDrawer(devices.drawer, json, plan); });
+  planMember(patch, "faults", [&](const Json& json) { planFaults(simulation.faults, json, plan); });
 }
 
 }  // namespace tolvex::sim

@@ -6,14 +6,16 @@ namespace tolvex::sim {
 
 namespace {
 
-constexpr double kDefaultLimit = 100;
+constexpr double kShownByDefault = 100;
 constexpr double kMostShown = 1000;
-constexpr double kMostNumber = 1e15;
-constexpr double kLongestCommand = TrafficLog::kMaxCommandBytes;
+constexpr double kLastExchange = 1e15;
+constexpr double kMostCommandBytes = TrafficLog::kMaxCommandBytes;
 // Of requests and replies, before they are written as JSON.
 constexpr std::size_t kMaxBytes = std::size_t{4} * 1024 * 1024;
 
-std::size_t bytesOf(const TrafficEntry& entry) { return entry.request.size() + entry.reply.size(); }
+std::size_t bytesOfExchange(const TrafficEntry& entry) {
+  return entry.request.size() + entry.reply.size();
+}
 
 }  // namespace
 
@@ -28,14 +30,14 @@ Json trafficListing(const TrafficLog& traffic, const TrafficFilter& filter,
   const auto isWanted = [&](const TrafficEntry& entry) {
     return entry.number > range.after.value_or(0) && matches(filter, entry);
   };
-  const auto listing = listingOf(traffic.entries(), range, kMaxBytes, isWanted, bytesOf);
+  const auto listing = listingOf(traffic.entries(), range, kMaxBytes, isWanted, bytesOfExchange);
   Json views = Json::array();
   for (const TrafficEntry* entry : listing.items) views.push_back(exchangeView(*entry));
   return {{"exchanges", views}, {"more", listing.more}};
 }
 
 std::vector<Field> rangeFields() {
-  return {numberField("after", 0, kMostNumber), numberField("limit", 1, kMostShown)};
+  return {numberField("after", 0, kLastExchange), numberField("limit", 1, kMostShown)};
 }
 
 ListingRange rangeOf(const Call& call) {
@@ -43,12 +45,12 @@ ListingRange rangeOf(const Call& call) {
   if (call.query.count("after") > 0) {
     range.after = static_cast<std::uint64_t>(numberOr(call, "after", 0));
   }
-  range.limit = static_cast<std::size_t>(numberOr(call, "limit", kDefaultLimit));
+  range.limit = static_cast<std::size_t>(numberOr(call, "limit", kShownByDefault));
   return range;
 }
 
 std::vector<Field> filterFields() {
-  return {{"command", FieldType::Text, "getweight", 1, kLongestCommand},
+  return {{"command", FieldType::Text, "getweight", 1, kMostCommandBytes},
           {"port", FieldType::Choice, "printing", 0, 0, {"weighing", "printing"}}};
 }
 

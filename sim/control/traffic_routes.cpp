@@ -9,7 +9,7 @@ namespace {
 
 using Answer = std::optional<HttpResponse>;
 
-constexpr double kMostNumber = 1e9;
+constexpr double kLastJob = 1e9;
 
 Answer listTraffic(Call& call) {
   TrafficFilter filter = filterOf(call);
@@ -31,7 +31,7 @@ Answer clearTraffic(Call& call) {
 std::vector<Field> listingFields() {
   std::vector<Field> fields = rangeFields();
   for (const Field& field : filterFields()) fields.push_back(field);
-  fields.push_back(numberField("job", 1, kMostNumber));
+  fields.push_back(numberField("job", 1, kLastJob));
   return fields;
 }
 

@@ -14,7 +14,7 @@ using Answer = std::optional<HttpResponse>;
 
 constexpr double kDefaultTimeout = 30;
 constexpr double kLongestTimeout = 600;
-constexpr double kMostNumber = 1e15;
+constexpr double kLastKnown = 1e15;
 
 WaitingRoom::Wish wishOf(Call& call) {
   WaitingRoom::Wish wish;
@@ -72,7 +72,7 @@ Answer wait(Call& call) {
 
 std::vector<Field> waitFields() {
   std::vector<Field> fields = {eventField(),
-                               numberField("after", 0, kMostNumber),
+                               numberField("after", 0, kLastKnown),
                                {"timeout_s", FieldType::Number, "30", 0, kLongestTimeout},
                                {"printer", FieldType::Text, "Ticket", 1, 100}};
   for (const Field& field : filterFields()) fields.push_back(field);

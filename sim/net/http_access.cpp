@@ -1,20 +1,14 @@
 #include "net/http_access.h"
 
-#include <cstddef>
-
 #include "base/ipv4.h"
-#include "base/printable.h"
 #include "net/http_error.h"
 
 namespace tolvex::sim {
 
 namespace {
 
-constexpr std::size_t kMaxQuoted = 100;
 constexpr int kBadRequest = 400;
 constexpr int kForbidden = 403;
-
-std::string inQuotes(std::string_view text) { return "\"" + printable(text, kMaxQuoted) + "\""; }
 
 std::string ownPage(const WebAddress& server) {
   return "Open the simulator's own page, " + pageAddress(server) +

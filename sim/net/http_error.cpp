@@ -1,6 +1,9 @@
 #include "net/http_error.h"
 
+#include <cstddef>
 #include <nlohmann/json.hpp>
+
+#include "base/printable.h"
 
 namespace tolvex::sim {
 
@@ -11,6 +14,11 @@ HttpResponse httpError(int status, const std::string& what, const std::string& r
   response.status = status;
   response.body = body.dump(-1, ' ', false, Json::error_handler_t::replace);
   return response;
+}
+
+std::string inQuotes(std::string_view text) {
+  constexpr std::size_t kMost = 100;
+  return "\"" + printable(text, kMost) + "\"";
 }
 
 }  // namespace tolvex::sim

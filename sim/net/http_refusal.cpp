@@ -5,16 +5,11 @@
 #include <string_view>
 #include <utility>
 
-#include "base/printable.h"
 #include "net/http_error.h"
 
 namespace tolvex::sim {
 
 namespace {
-
-constexpr std::size_t kMaxQuoted = 100;
-
-std::string inQuotes(std::string_view text) { return "\"" + printable(text, kMaxQuoted) + "\""; }
 
 bool isAllowed(std::string_view method) {
   constexpr std::array<std::string_view, 7> kMethods{"GET",   "HEAD",   "POST",   "PUT",

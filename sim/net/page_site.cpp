@@ -12,7 +12,7 @@ namespace tolvex::sim {
 
 namespace {
 
-constexpr std::size_t kMaxQuoted = 100;
+constexpr std::size_t kLongestShownPath = 100;
 constexpr std::string_view kFolder = "web/";
 constexpr std::string_view kApi = "/api";
 
@@ -66,7 +66,7 @@ const EmbeddedFile* PageSite::find(std::string_view path) const {
 HttpResponse PageSite::page(const HttpRequest& request) const {
   const EmbeddedFile* file = find(request.path);
   if (file == nullptr) {
-    return httpError(404, "there is nothing at " + printable(request.path, kMaxQuoted),
+    return httpError(404, "there is nothing at " + printable(request.path, kLongestShownPath),
                      "The page is at /, the API at /api; GET /api lists its paths.");
   }
   if (request.method != "GET") {

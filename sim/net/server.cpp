@@ -20,30 +20,26 @@ namespace tolvex::sim {
 
 namespace asio = boost::asio;
 
-namespace {
-
-struct HalfPort {
-  ServedPort& served;
-  Listener& listener;
-
-  // Opens or closes the port as the faults say now.
-  void followFaults() {
-    const FaultBoard& faults = served.exchanger.faults();
-    if (faults.refuses(served.half)) {
-      listener.close();
-    } else {
-      listener.reopen();
-    }
-    if (!faults.drops(served.half)) return;
-    for (Session* session : served.sessions) session->drop();
-  }
-};
-
-}  // namespace
-
 // The sessions live in the context's pending operations and refer to their port; so the ports come
 // first and go last.
 struct Server::Impl {
+  struct HalfPort {
+    ServedPort& served;
+    Listener& listener;
+
+    // Opens or closes the port as the faults say now.
+    void followFaults() {
+      const FaultBoard& faults = served.exchanger.faults();
+      if (faults.refuses(served.half)) {
+        listener.close();
+      } else {
+        listener.reopen();
+      }
+      if (!faults.drops(served.half)) return;
+      for (Session* session : served.sessions) session->drop();
+    }
+  };
+
   Impl(Exchanger& theExchanger, ServerEvents serverEvents)
       : exchanger(theExchanger), events(std::move(serverEvents)), signals(context) {}
 
@@ -64,7 +60,7 @@ Server::Server(Exchanger& exchanger, ServerEvents events)
   exchanger.faults().listen([weak = std::weak_ptr<Impl*>(impl_->self)] {
     const auto self = weak.lock();
     if (!self) return;
-    for (HalfPort& half : (*self)->halves) half.followFaults();
+    for (Impl::HalfPort& half : (*self)->halves) half.followFaults();
   });
 }
 

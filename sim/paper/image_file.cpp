@@ -10,7 +10,7 @@ namespace tolvex::sim {
 
 namespace {
 
-constexpr int kWhite = 255;
+constexpr int kWhiteShade = 255;
 constexpr int kMiddle = 128;
 // Lossy files leave specks of almost white around what is black.
 constexpr int kAlmost = 16;
@@ -42,11 +42,11 @@ class Dithering {
         image_
             .shades[static_cast<std::size_t>(y) * static_cast<std::size_t>(image_.width) + column];
     if (shade <= kAlmost) return true;
-    if (shade >= kWhite - kAlmost) return false;
+    if (shade >= kWhiteShade - kAlmost) return false;
     const std::size_t here = column + 1;
     const int wanted = shade + errors_[here] / 16;
     const bool dark = wanted < kMiddle;
-    const int error = wanted - (dark ? 0 : kWhite);
+    const int error = wanted - (dark ? 0 : kWhiteShade);
     errors_[here + 1] += error * 7;
     errorsBelow_[here - 1] += error * 3;
     errorsBelow_[here] += error * 5;
@@ -73,7 +73,7 @@ std::string encodePng(const Bitmap& bitmap) {
                        static_cast<std::size_t>(bitmap.height()));
   for (int y = 0; y < bitmap.height(); ++y) {
     for (int x = 0; x < bitmap.width(); ++x) {
-      image.shades.push_back(bitmap.isDark(x, y) ? 0 : kWhite);
+      image.shades.push_back(bitmap.isDark(x, y) ? 0 : kWhiteShade);
     }
   }
   return encodeGreyPng(image);

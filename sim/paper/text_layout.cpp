@@ -45,7 +45,7 @@ std::string joined(Place first, Place last) {
   return text;
 }
 
-bool isBlank(const Glyph& glyph) { return glyph.text == " "; }
+bool isSpace(const Glyph& glyph) { return glyph.text == " "; }
 
 // Puts glyphs together from characters.
 class GlyphWriter {
@@ -112,10 +112,10 @@ Place endOfFit(Place first, Place last, int cells) {
   return end;
 }
 
-Place skipBlanks(Place first, Place last) { return std::find_if_not(first, last, isBlank); }
+Place skipBlanks(Place first, Place last) { return std::find_if_not(first, last, isSpace); }
 
 Place withoutBlanksAtEnd(Place first, Place last) {
-  while (last != first && isBlank(*(last - 1))) --last;
+  while (last != first && isSpace(*(last - 1))) --last;
   return last;
 }
 
@@ -123,7 +123,7 @@ Place withoutBlanksAtEnd(Place first, Place last) {
 // a word that has the line for itself.
 Place endOfWords(Place first, Place full) {
   Place blank = full;
-  while (blank != first && !isBlank(*blank)) --blank;
+  while (blank != first && !isSpace(*blank)) --blank;
   const Place end = withoutBlanksAtEnd(first, blank);
   return end == first ? full : end;
 }

@@ -40,7 +40,7 @@ Reply set(const CommandContext& context) {
   return value ? found.printer->set(row.setting, *value) : ResultCode::InvalidParam;
 }
 
-CommandTable makeTable() {
+CommandTable makeSettingTable() {
   CommandTable table;
   for (const Row& row : kRows) table.push_back({row.command, {row.printer, row.value}, set});
   return table;
@@ -49,7 +49,7 @@ CommandTable makeTable() {
 }  // namespace
 
 const CommandTable& printerSettingCommands() {
-  static const CommandTable table = makeTable();
+  static const CommandTable table = makeSettingTable();
   return table;
 }
 

@@ -8,7 +8,7 @@ namespace tolvex::sim {
 
 namespace {
 
-constexpr std::string_view kModule = "print";
+constexpr std::string_view kPrintModule = "print";
 constexpr char kFirmware[] = " SIM 1.0";
 
 // The alarm sounds at the scale, but its command has always travelled on the printing port.
@@ -39,17 +39,17 @@ Reply openCashBox(const CommandContext& context) {
   return ResultCode::Ok;
 }
 
-Reply getLevel(const CommandContext& context) { return getLogLevel(context, kModule); }
-Reply setLevel(const CommandContext& context) { return setLogLevel(context, kModule); }
+Reply getPrintLevel(const CommandContext& context) { return getLogLevel(context, kPrintModule); }
+Reply setPrintLevel(const CommandContext& context) { return setLogLevel(context, kPrintModule); }
 
-CommandTable makeTable() {
+CommandTable makePrintingTable() {
   CommandTable table = {
       {"getPrinterList", {}, getPrinterList},
       {"getprinterversion", {kPrinterName}, getPrinterVersion},
       {"opencashbox", {}, openCashBox},
       {"setOverloadAlarm", {"enable"}, setOverloadAlarm},
-      {"getloglevel", {"module"}, getLevel},
-      {"setloglevel", {"module", "level"}, setLevel},
+      {"getloglevel", {"module"}, getPrintLevel},
+      {"setloglevel", {"module", "level"}, setPrintLevel},
   };
   for (const CommandTable* more : {&printJobCommands(), &printerSettingCommands()}) {
     table.insert(table.end(), more->begin(), more->end());
@@ -60,7 +60,7 @@ CommandTable makeTable() {
 }  // namespace
 
 const CommandTable& printingCommands() {
-  static const CommandTable table = makeTable();
+  static const CommandTable table = makePrintingTable();
   return table;
 }
 

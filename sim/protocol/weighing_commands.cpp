@@ -11,7 +11,7 @@ namespace tolvex::sim {
 
 namespace {
 
-constexpr std::string_view kModule = "loadcell";
+constexpr std::string_view kScaleModule = "loadcell";
 // Clients of another major version use other commands and are turned away.
 constexpr std::string_view kClientMajorVersion = "3";
 
@@ -104,8 +104,8 @@ Reply checkConnection(const CommandContext& context) {
   return context.devices.scale.isPluggedIn() ? ResultCode::Ok : ResultCode::LcNotConnected;
 }
 
-Reply getLevel(const CommandContext& context) { return getLogLevel(context, kModule); }
-Reply setLevel(const CommandContext& context) { return setLogLevel(context, kModule); }
+Reply getScaleLevel(const CommandContext& context) { return getLogLevel(context, kScaleModule); }
+Reply setScaleLevel(const CommandContext& context) { return setLogLevel(context, kScaleModule); }
 
 }  // namespace
 
@@ -119,8 +119,8 @@ const CommandTable& weighingCommands() {
       {"clear_tare", {}, clearTare},
       {"getLCVersion", {}, getVersion},
       {"checkConnection", {}, checkConnection},
-      {"getloglevel", {"module"}, getLevel},
-      {"setloglevel", {"module", "level"}, setLevel},
+      {"getloglevel", {"module"}, getScaleLevel},
+      {"setloglevel", {"module", "level"}, setScaleLevel},
   };
   return table;
 }

@@ -31,7 +31,7 @@ bool areSame(std::string_view recorded, std::string_view came) {
   return recorded == came || withoutFolders(recorded) == withoutFolders(came);
 }
 
-std::string shown(std::string_view text) { return printable(text, kMaxShownBytes); }
+std::string shortened(std::string_view text) { return printable(text, kMaxShownBytes); }
 
 Answerer::Answer recordedAnswer(const RecordedExchange& exchange) {
   const bool closes = exchange.instead == "close";
@@ -57,7 +57,7 @@ Answerer::Answer Replay::answer(Half half, std::string_view request, TimePoint) 
   ++requests_;
   Port& port = portOf(half);
   if (port.next == port.exchanges.size()) {
-    note(half, "comes after the last one that was recorded there", "  came  " + shown(request));
+    note(half, "comes after the last one that was recorded there", "  came  " + shortened(request));
     return {kOtherRequest, After::Keep};
   }
   const RecordedExchange& recorded = port.exchanges[port.next++];
@@ -86,7 +86,7 @@ std::vector<std::string> Replay::unmet() const {
     const RecordedExchange& first = port.exchanges[port.next];
     lines.push_back(std::to_string(left) + " recorded request" + (left == 1 ? "" : "s") +
                     " did not come (" + name(half) + "); the first, in " + inLine(first) + ": " +
-                    shown(first.request));
+                    shortened(first.request));
   }
   return lines;
 }

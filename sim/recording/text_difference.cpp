@@ -32,12 +32,12 @@ std::size_t widthOf(std::string_view text) {
   return static_cast<std::size_t>(cells);
 }
 
-std::string shown(std::string_view text) { return printable(text, kNoLimit); }
+std::string inPrint(std::string_view text) { return printable(text, kNoLimit); }
 
 // The text from `start` on, up to some bytes behind `difference`.
 std::string windowOf(std::string_view text, std::size_t start, std::size_t difference) {
   const std::size_t end = characterStart(text, std::min(difference + kBehind, text.size()));
-  return shown(text.substr(start, end - start)) + std::string(end < text.size() ? kDots : "");
+  return inPrint(text.substr(start, end - start)) + std::string(end < text.size() ? kDots : "");
 }
 
 }  // namespace
@@ -51,7 +51,7 @@ std::string describeDifference(std::string_view expected, std::string_view came)
   const std::size_t start =
       same.size() <= kBefore ? 0 : characterStart(same, same.size() - kBefore);
   const std::string head = start == 0 ? "" : std::string(kDots);
-  const std::size_t cells = kExpected.size() + head.size() + widthOf(shown(same.substr(start)));
+  const std::size_t cells = kExpected.size() + head.size() + widthOf(inPrint(same.substr(start)));
   return std::string(kExpected) + head + windowOf(expected, start, difference) + "\n" +
          std::string(kCame) + head + windowOf(came, start, difference) + "\n" +
          std::string(cells, ' ') + "^ byte " + std::to_string(difference + 1);

@@ -14,7 +14,7 @@ namespace {
 
 using nlohmann::json;
 
-constexpr std::size_t kMaxShownBytes = 200;
+constexpr std::size_t kMaxValueBytes = 200;
 
 std::int64_t countOf(const std::map<std::string, std::int64_t>& counts, const std::string& key) {
   if (key.empty()) {
@@ -48,9 +48,9 @@ std::string boundsOf(const CountExpectation& expected) {
   return std::to_string(expected.least) + " to " + std::to_string(*expected.most);
 }
 
-std::string shown(const json* value) {
+std::string inWords(const json* value) {
   if (value == nullptr) return "nothing";
-  return printable(value->dump(-1, ' ', false, json::error_handler_t::replace), kMaxShownBytes);
+  return printable(value->dump(-1, ' ', false, json::error_handler_t::replace), kMaxValueBytes);
 }
 
 // The member of an object, or the element of a list that has this name; null if there is none.
@@ -89,8 +89,8 @@ void checkShape(const JsonValue& expected, const json& actual) {
                     names.empty() ? "Write a list: [...]." : "Members are: " + names + ".");
     });
   } else if (std::string_view(expected.json().type_name()) != actual.type_name()) {
-    expected.refuse(shown(&expected.json()) + " is no " + actual.type_name(),
-                    "Write one, like " + shown(&actual) + ".");
+    expected.refuse(inWords(&expected.json()) + " is no " + actual.type_name(),
+                    "Write one, like " + inWords(&actual) + ".");
   }
 }
 
@@ -100,8 +100,8 @@ void compare(const JsonValue& expected, const json* actual, std::vector<std::str
       compare(member, find(*actual, name), differences);
     });
   } else if (actual == nullptr || expected.json() != *actual) {
-    differences.push_back(expected.place() + ": " + shown(actual) + " instead of " +
-                          shown(&expected.json()));
+    differences.push_back(expected.place() + ": " + inWords(actual) + " instead of " +
+                          inWords(&expected.json()));
   }
 }
 

@@ -11,7 +11,7 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::int64_t kMaxCount = 1'000'000'000;
+constexpr std::int64_t kMostCounted = 1'000'000'000;
 constexpr milliseconds kMaxTime = std::chrono::hours(24);
 
 enum class Kind { Time, Jobs, Requests };
@@ -30,7 +30,7 @@ constexpr Unit kUnits[] = {
 
 // Only once of each kind.
 template <typename T>
-bool take(std::optional<T>& limit, T value, T most) {
+bool setOnce(std::optional<T>& limit, T value, T most) {
   if (limit || value > most) return false;
   limit = value;
   return true;
@@ -45,13 +45,13 @@ bool addLimit(std::string_view text, RunLimits& limits) {
   if (!number || *number < 1 || unit == std::end(kUnits)) return false;
   switch (unit->kind) {
     case Kind::Time:
-      return take(limits.time, milliseconds(*number * unit->factor), kMaxTime);
+      return setOnce(limits.time, milliseconds(*number * unit->factor), kMaxTime);
     case Kind::Jobs:
-      return take(limits.jobs, std::int64_t{*number}, kMaxCount);
+      return setOnce(limits.jobs, std::int64_t{*number}, kMostCounted);
     case Kind::Requests:
       break;
   }
-  return take(limits.requests, std::int64_t{*number}, kMaxCount);
+  return setOnce(limits.requests, std::int64_t{*number}, kMostCounted);
 }
 
 }  // namespace

@@ -6,14 +6,14 @@ namespace tolvex::sim {
 
 namespace {
 
-constexpr std::size_t kMaxShownBytes = 80;
+constexpr std::size_t kMaxCommandBytes = 80;
 
 std::string describeEvent(const Trigger& trigger) {
   const std::string plural = trigger.count == 1 ? "" : "s";
   switch (*trigger.event) {
     case Event::Kind::Request:
       return "request" + plural +
-             (trigger.command.empty() ? "" : " " + printable(trigger.command, kMaxShownBytes)) +
+             (trigger.command.empty() ? "" : " " + printable(trigger.command, kMaxCommandBytes)) +
              (trigger.result ? " with result " + std::to_string(*trigger.result) : "");
     case Event::Kind::Job:
       return "finished job" + plural + (trigger.printer.empty() ? "" : " on " + trigger.printer);

@@ -20,16 +20,16 @@ class SimulationFeedTest : public ApiFixture {
   /// A message in short: "state 0.482", "exchanges 1 2", "jobs 1:3" (number and revision), "".
   static std::string shortOf(const std::string& message) {
     if (message.empty()) return "";
-    const auto json = nlohmann::json::parse(message);
-    std::string text = json.at("type").get<std::string>();
-    if (text == "state") return text + " " + json.at("state").at("scale").at("load_kg").dump();
-    for (const auto& item : json.at(text)) {
+    const auto parsed = nlohmann::json::parse(message);
+    std::string text = parsed.at("type").get<std::string>();
+    if (text == "state") return text + " " + parsed.at("state").at("scale").at("load_kg").dump();
+    for (const auto& item : parsed.at(text)) {
       text += " " + item.at("number").dump();
-      if (json.at("type") == "jobs") text += ":" + item.at("revision").dump();
+      if (parsed.at("type") == "jobs") text += ":" + item.at("revision").dump();
       if (item.contains("outcome") && item.at("outcome") == "pending") text += "?";
     }
-    if (json.contains("skipped") && json.at("skipped") != 0) {
-      text += " skipped " + json.at("skipped").dump();
+    if (parsed.contains("skipped") && parsed.at("skipped") != 0) {
+      text += " skipped " + parsed.at("skipped").dump();
     }
     return text;
   }

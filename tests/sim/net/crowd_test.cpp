@@ -4,15 +4,13 @@
 
 #include "server_fixture.h"
 #include "test_client.h"
+#include "wire_samples.h"
 
 namespace tolvex::sim {
 namespace {
 
 constexpr int kClients = 100;  // on each port
 constexpr int kRounds = 10;
-constexpr char kCheck[] = R"({"cmd":"checkConnection"})";
-constexpr char kLevel[] = R"({"cmd":"getloglevel","module":"print"})";
-
 // A weight that no other client has in no other round: 0.001 to 1.000 kg.
 std::string weightOf(int client, int round) {
   const std::string grams = std::to_string(1000 + (client * kRounds + round) % 1000);
@@ -145,19 +143,19 @@ std::string partingBytes(int number) {
 // Under Wine each of them takes milliseconds, and a port at which hundreds of connections were reset
 // before they were accepted takes no more.
 #ifdef _WIN32
-constexpr int kConnections = 500;
-constexpr bool kMayVanish = false;
+constexpr int kCrowd = 500;
+constexpr bool kCrowdMayVanish = false;
 #else
-constexpr int kConnections = 10'000;
-constexpr bool kMayVanish = true;
+constexpr int kCrowd = 10'000;
+constexpr bool kCrowdMayVanish = true;
 #endif
 
 TEST_F(Crowd, ThousandsOfConnectionsInTurnLeaveNothingBehind) {
   for (const std::uint16_t port : {weighingPort_, printingPort_}) {
-    for (int i = 0; i < kConnections; ++i) {
+    for (int i = 0; i < kCrowd; ++i) {
       TestClient client(port);
       client.send(partingBytes(i));
-      if (kMayVanish && i % 2 == 0) client.vanish();
+      if (kCrowdMayVanish && i % 2 == 0) client.vanish();
     }
   }
   EXPECT_EQ(TestClient(weighingPort_).ask(kCheck), R"({"result":"0"})");

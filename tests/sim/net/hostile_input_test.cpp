@@ -3,20 +3,12 @@
 
 #include "server_fixture.h"
 #include "test_client.h"
+#include "wire_samples.h"
 
 namespace tolvex::sim {
 namespace {
 
 constexpr std::size_t kMiB = std::size_t{1024} * 1024;
-constexpr char kUnreadable[] = R"({"result":"7"})";
-
-std::string repeat(std::string_view text, std::size_t times) {
-  std::string all;
-  all.reserve(text.size() * times);
-  for (std::size_t i = 0; i < times; ++i) all += text;
-  return all;
-}
-
 class HostileInput : public ServerFixture, public ::testing::WithParamInterface<Half> {
  protected:
   std::uint16_t port() const {

@@ -5,21 +5,21 @@
 namespace tolvex::sim {
 namespace {
 
-HttpHead headWith(std::vector<std::pair<std::string, std::string>> fields) {
+HttpHead headOf(std::vector<std::pair<std::string, std::string>> fields) {
   HttpHead head;
   head.fields = std::move(fields);
   return head;
 }
 
 TEST(HttpHead, FindsFieldsInAnyCase) {
-  const HttpHead head = headWith({{"Host", "a"}, {"X", "b"}, {"hOST", "c"}});
+  const HttpHead head = headOf({{"Host", "a"}, {"X", "b"}, {"hOST", "c"}});
   EXPECT_EQ(head.all("host"), (std::vector<std::string_view>{"a", "c"}));
   EXPECT_EQ(head.first("HOST"), "a");
   EXPECT_EQ(head.first("Hos"), "");
 }
 
 TEST(HttpHead, FindsTheWordsOfLists) {
-  const HttpHead head = headWith({{"Connection", "keep-alive,\tUpgrade ,x"}, {"connection", "y"}});
+  const HttpHead head = headOf({{"Connection", "keep-alive,\tUpgrade ,x"}, {"connection", "y"}});
   for (const char* word : {"Keep-Alive", "upgrade", "X", "y"}) {
     EXPECT_TRUE(head.lists("Connection", word)) << word;
   }
@@ -28,16 +28,16 @@ TEST(HttpHead, FindsTheWordsOfLists) {
 }
 
 TEST(HttpHead, TellsTheTypeOfTheBodyWithoutParameters) {
-  EXPECT_EQ(contentTypeOf(headWith({{"content-type", " Application/JSON ; charset=x"}})),
+  EXPECT_EQ(contentTypeOf(headOf({{"content-type", " Application/JSON ; charset=x"}})),
             "application/json");
   EXPECT_EQ(contentTypeOf({}), "");
 }
 
 TEST(HttpHead, TellsWhoWantsAWebSocket) {
   EXPECT_TRUE(
-      wantsWebSocket(headWith({{"Connection", "keep-alive, Upgrade"}, {"Upgrade", "WebSocket"}})));
-  EXPECT_FALSE(wantsWebSocket(headWith({{"Upgrade", "websocket"}})));
-  EXPECT_FALSE(wantsWebSocket(headWith({{"Connection", "upgrade"}, {"Upgrade", "h2c"}})));
+      wantsWebSocket(headOf({{"Connection", "keep-alive, Upgrade"}, {"Upgrade", "WebSocket"}})));
+  EXPECT_FALSE(wantsWebSocket(headOf({{"Upgrade", "websocket"}})));
+  EXPECT_FALSE(wantsWebSocket(headOf({{"Connection", "upgrade"}, {"Upgrade", "h2c"}})));
 }
 
 TEST(HttpHead, ComparesCaseOfAsciiOnly) {

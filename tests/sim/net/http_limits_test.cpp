@@ -3,18 +3,13 @@
 
 #include "live_client.h"
 #include "web_fixture.h"
+#include "wire_samples.h"
 
 namespace tolvex::sim {
 namespace {
 
 std::string error(const std::string& what, const std::string& remedy) {
   return R"({"error":{"what":")" + what + R"(","remedy":")" + remedy + "\"}}";
-}
-
-std::string repeat(const std::string& text, int times) {
-  std::string all;
-  for (int i = 0; i < times; ++i) all += text;
-  return all;
 }
 
 class HttpLimitsTest : public WebFixture {

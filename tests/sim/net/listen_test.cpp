@@ -10,11 +10,10 @@
 #include "net/server.h"
 #include "protocol/service.h"
 #include "test_client.h"
+#include "wire_samples.h"
 
 namespace tolvex::sim {
 namespace {
-
-constexpr char kCheck[] = R"({"cmd":"checkConnection"})";
 
 class ListenTest : public ::testing::Test {
  protected:

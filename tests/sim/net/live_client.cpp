@@ -17,7 +17,7 @@ namespace websocket = boost::beast::websocket;
 using asio::ip::tcp;
 using boost::system::error_code;
 
-constexpr std::chrono::seconds kPatience{30};
+constexpr std::chrono::seconds kLivePatience{30};
 
 }  // namespace
 
@@ -34,7 +34,7 @@ struct LiveClient::Impl {
       result = error;
       done = true;
     });
-    const auto deadline = std::chrono::steady_clock::now() + kPatience;
+    const auto deadline = std::chrono::steady_clock::now() + kLivePatience;
     context.restart();
     while (!done && context.run_one_until(deadline) > 0) {
     }

@@ -3,12 +3,11 @@
 
 #include "server_fixture.h"
 #include "test_client.h"
+#include "wire_samples.h"
 
 namespace tolvex::sim {
 namespace {
 
-constexpr char kCheck[] = R"({"cmd":"checkConnection"})";
-constexpr char kOk[] = R"({"result":"0"})";
 constexpr char kList[] = R"({"cmd":"getPrinterList"})";
 constexpr char kListReply[] = R"({"result":"0","PrinterList":"Label,Ticket,Third"})";
 

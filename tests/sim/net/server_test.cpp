@@ -6,21 +6,12 @@
 
 #include "server_fixture.h"
 #include "test_client.h"
+#include "wire_samples.h"
 
 namespace tolvex::sim {
 namespace {
 
-constexpr char kCheck[] = R"({"cmd":"checkConnection"})";
-constexpr char kOk[] = R"({"result":"0"})";
-constexpr char kUnreadable[] = R"({"result":"7"})";
-constexpr char kLevel[] = R"({"cmd":"getloglevel","module":"print"})";
 constexpr char kLevelReply[] = R"({"result":"0","level":"5"})";
-
-std::string repeat(const std::string& text, int times) {
-  std::string all;
-  for (int i = 0; i < times; ++i) all += text;
-  return all;
-}
 
 class ServerTest : public ServerFixture {};
 

@@ -10,9 +10,9 @@
 namespace tolvex::sim {
 namespace {
 
-const Rows kFlag = {"##.#.",  //
-                    "#...#",  //
-                    ".#.##"};
+const Rows kFlagOfThree = {"##.#.",  //
+                           "#...#",  //
+                           ".#.##"};
 
 void appendTo(void* file, void* bytes, int count) {
   static_cast<std::string*>(file)->append(static_cast<const char*>(bytes),
@@ -83,13 +83,13 @@ std::string bigEndian(std::uint32_t value) {
 
 // A PNG file that says that it is of this size.
 std::string pngThatClaims(std::uint32_t width, std::uint32_t height) {
-  std::string file = encodePng(picture(kFlag));
+  std::string file = encodePng(picture(kFlagOfThree));
   return file.replace(16, 8, bigEndian(width) + bigEndian(height));
 }
 
-TEST(DecodeImage, ReadsPng) { EXPECT_EQ(decoded(pngOf(samplesOf(kFlag))), kFlag); }
+TEST(DecodeImage, ReadsPng) { EXPECT_EQ(decoded(pngOf(samplesOf(kFlagOfThree))), kFlagOfThree); }
 
-TEST(DecodeImage, ReadsBmp) { EXPECT_EQ(decoded(bmpOf(samplesOf(kFlag))), kFlag); }
+TEST(DecodeImage, ReadsBmp) { EXPECT_EQ(decoded(bmpOf(samplesOf(kFlagOfThree))), kFlagOfThree); }
 
 TEST(DecodeImage, ReadsBmpOfOneBitPerPixelFromTheBottomUp) {
   const std::string file(
@@ -273,9 +273,9 @@ TEST(DecodeImage, RefusesAFileThatUnpacksToManyTimesThePicture) {
 }
 
 TEST(EncodePng, IsReadBackAsItWas) {
-  EXPECT_EQ(decoded(encodePng(picture(kFlag))), kFlag);
+  EXPECT_EQ(decoded(encodePng(picture(kFlagOfThree))), kFlagOfThree);
   EXPECT_EQ(decoded(encodePng(picture({"#"}))), Rows{"#"});
-  EXPECT_EQ(encodePng(picture(kFlag)).substr(0, 8), "\x89PNG\r\n\x1A\n");
+  EXPECT_EQ(encodePng(picture(kFlagOfThree)).substr(0, 8), "\x89PNG\r\n\x1A\n");
 }
 
 }  // namespace

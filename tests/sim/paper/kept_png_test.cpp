@@ -10,27 +10,27 @@
 namespace tolvex::sim {
 namespace {
 
-const Bitmap kFlag = picture({"##.", "#.."});
+const Bitmap kKept = picture({"##.", "#.."});
 // Stands for the picture wherever it must not be looked at again.
 const Bitmap kOther = picture({"#"});
 
-TEST(KeptPng, IsTheFileOfThePicture) { EXPECT_EQ(KeptPng().of(kFlag), encodePng(kFlag)); }
+TEST(KeptPng, IsTheFileOfThePicture) { EXPECT_EQ(KeptPng().of(kKept), encodePng(kKept)); }
 
 TEST(KeptPng, IsEncodedOnce) {
   const KeptPng png;
-  png.of(kFlag);
-  EXPECT_EQ(png.of(kOther), encodePng(kFlag));
+  png.of(kKept);
+  EXPECT_EQ(png.of(kOther), encodePng(kKept));
 }
 
 TEST(KeptPng, IsSharedByCopies) {
   const std::vector<KeptPng> copies(2, KeptPng());
-  copies[0].of(kFlag);
-  EXPECT_EQ(copies[1].of(kOther), encodePng(kFlag));
+  copies[0].of(kKept);
+  EXPECT_EQ(copies[1].of(kOther), encodePng(kKept));
 }
 
 TEST(KeptPng, IsEncodedAgainOnceForgotten) {
   KeptPng png;
-  png.of(kFlag);
+  png.of(kKept);
   png.forget();
   EXPECT_EQ(png.of(kOther), encodePng(kOther));
 }

@@ -7,8 +7,6 @@
 namespace tolvex::sim {
 namespace {
 
-const PaperFormat kLabels{464, 384, 100, 20};
-
 using Spans = std::vector<std::string>;
 
 Spans describe(const std::vector<LabelSpan>& spans) {
@@ -22,20 +20,20 @@ Spans describe(const std::vector<LabelSpan>& spans) {
 }
 
 Paper lyingOn(const LabelStock& stock) {
-  Paper paper(kLabels);
+  Paper paper(kShortLabels);
   paper.lieOn(stock);
   return paper;
 }
 
 TEST(LabelSpan, IsWholeWithinTheBounds) {
-  const Paper paper(kLabels);
+  const Paper paper(kShortLabels);
   EXPECT_EQ(describe(labelsOn(paper, 0, 340)),
             (Spans{"gap [0 100]", "gap [120 220]", "gap [240 340]"}));
   EXPECT_EQ(describe(gapsOn(paper, 0, 240)), (Spans{"gap [100 120]", "gap [220 240]"}));
 }
 
 TEST(LabelSpan, IsCutOffAtTheBounds) {
-  const Paper paper(kLabels);
+  const Paper paper(kShortLabels);
   EXPECT_EQ(describe(labelsOn(paper, 30, 130)), (Spans{"gap ..30 100]", "gap [120 130.."}));
   EXPECT_EQ(describe(labelsOn(paper, 30, 40)), Spans{"gap ..30 40.."});
   EXPECT_EQ(describe(labelsOn(paper, 105, 115)), Spans{});
@@ -63,7 +61,7 @@ TEST(LabelSpan, OfContinuousPaperIsAllOfIt) {
 }
 
 TEST(LabelSpan, EndsWithItsStretch) {
-  Paper paper(kLabels);
+  Paper paper(kShortLabels);
   paper.add(FeedItem{130});
   paper.lieOn({StockKind::Mark, 60, 10, 0});
   paper.add(FeedItem{40});

@@ -12,10 +12,6 @@ namespace {
 constexpr int kMax = std::numeric_limits<int>::max();
 constexpr int kMin = std::numeric_limits<int>::min();
 
-const PaperFormat kRoll{464, 384};
-// 100 dots of label, 20 of gap.
-const PaperFormat kLabels{464, 384, 100, 20};
-
 using Tops = std::vector<int>;
 
 TextItem text(int fontSize) { return {"text", fontSize}; }
@@ -43,21 +39,22 @@ TEST(HeightOf, StaysWithinItsLimits) {
 }
 
 TEST(Paper, IsEmptyAtFirst) {
-  const Paper paper(kRoll);
+  const Paper paper(kWideRoll);
   EXPECT_TRUE(paper.isEmpty());
   EXPECT_EQ(paper.length(), 0);
   EXPECT_EQ(paper.tops(), Tops{});
 }
 
 TEST(Paper, PutsItemsBelowEachOther) {
-  const Paper paper = paperOf(kRoll, {text(24), FeedItem{10}, image(50), CutItem{100}, text(16)});
+  const Paper paper =
+      paperOf(kWideRoll, {text(24), FeedItem{10}, image(50), CutItem{100}, text(16)});
   EXPECT_FALSE(paper.isEmpty());
   EXPECT_EQ(paper.tops(), (Tops{0, 30, 40, 90, 90}));
   EXPECT_EQ(paper.length(), 110);
 }
 
 TEST(Paper, IsCopiedWithAllThatStandsOnIt) {
-  Paper paper = paperOf(kRoll, {text(24)});
+  Paper paper = paperOf(kWideRoll, {text(24)});
   const Paper copy = paper;
   paper.add(text(24));
   EXPECT_EQ(copy.items().size(), 1U);
@@ -65,57 +62,60 @@ TEST(Paper, IsCopiedWithAllThatStandsOnIt) {
 }
 
 TEST(Paper, GrowsToALimit) {
-  Paper paper(kRoll);
+  Paper paper(kWideRoll);
   for (int i = 0; i < 30000; ++i) paper.add(FeedItem{kMax});
   EXPECT_EQ(paper.length(), 1'000'000'000);
 }
 
 TEST(Labels, AreFilledToTheirEnd) {
-  const Paper paper = paperOf(kLabels, {image(60), image(40)});
+  const Paper paper = paperOf(kShortLabels, {image(60), image(40)});
   EXPECT_EQ(paper.tops(), (Tops{0, 60}));
   EXPECT_EQ(paper.length(), 100);
 }
 
 TEST(Labels, PassWhatDoesNotFitToTheNextOne) {
-  const Paper paper = paperOf(kLabels, {image(60), image(41), text(48), text(16)});
+  const Paper paper = paperOf(kShortLabels, {image(60), image(41), text(48), text(16)});
   EXPECT_EQ(paper.tops(), (Tops{0, 120, 240, 300}));
   EXPECT_EQ(paper.length(), 320);
 }
 
 TEST(Labels, BeginTheNextOneAfterAFullOne) {
-  EXPECT_EQ(paperOf(kLabels, {image(100), image(10)}).tops(), (Tops{0, 120}));
+  EXPECT_EQ(paperOf(kShortLabels, {image(100), image(10)}).tops(), (Tops{0, 120}));
 }
 
 TEST(Labels, LetWhatIsHigherThanALabelBeginWhereItStands) {
-  const Paper paper = paperOf(kLabels, {image(20), image(101), image(10)});
+  const Paper paper = paperOf(kShortLabels, {image(20), image(101), image(10)});
   EXPECT_EQ(paper.tops(), (Tops{0, 20, 121}));
   EXPECT_EQ(paper.length(), 131);
 }
 
 TEST(Labels, FeedAcrossGaps) {
-  const Paper paper = paperOf(kLabels, {image(20), FeedItem{110}, image(20)});
+  const Paper paper = paperOf(kShortLabels, {image(20), FeedItem{110}, image(20)});
   EXPECT_EQ(paper.tops(), (Tops{0, 20, 130}));
 }
 
 TEST(Labels, PrintNothingIntoGaps) {
-  const Paper paper = paperOf(kLabels, {image(20), FeedItem{90}, image(20)});
+  const Paper paper = paperOf(kShortLabels, {image(20), FeedItem{90}, image(20)});
   EXPECT_EQ(paper.tops(), (Tops{0, 20, 120}));
 }
 
 TEST(Labels, AreCutAtTheirEnd) {
-  const Paper paper = paperOf(kLabels, {image(60), CutItem{100}});
+  const Paper paper = paperOf(kShortLabels, {image(60), CutItem{100}});
   EXPECT_EQ(paper.tops(), (Tops{0, 100}));
   EXPECT_EQ(paper.length(), 100);
-  EXPECT_EQ(paperOf(kLabels, {image(60), image(60), CutItem{100}}).tops(), (Tops{0, 120, 220}));
-  EXPECT_EQ(paperOf(kLabels, {image(1), CutItem{70}, CutItem{70}}).tops(), (Tops{0, 100, 100}));
+  EXPECT_EQ(paperOf(kShortLabels, {image(60), image(60), CutItem{100}}).tops(),
+            (Tops{0, 120, 220}));
+  EXPECT_EQ(paperOf(kShortLabels, {image(1), CutItem{70}, CutItem{70}}).tops(),
+            (Tops{0, 100, 100}));
 }
 
 TEST(Labels, AreCutBetweenThemWhereThePaperStands) {
-  EXPECT_EQ(paperOf(kLabels, {image(100), CutItem{100}, image(10)}).tops(), (Tops{0, 100, 120}));
-  EXPECT_EQ(paperOf(kLabels, {FeedItem{119}, CutItem{100}}).tops(), (Tops{0, 119}));
-  EXPECT_EQ(paperOf(kLabels, {FeedItem{120}, CutItem{100}}).tops(), (Tops{0, 120}));
-  EXPECT_EQ(paperOf(kLabels, {FeedItem{121}, CutItem{100}}).tops(), (Tops{0, 220}));
-  EXPECT_EQ(paperOf(kLabels, {CutItem{100}}).tops(), Tops{0});
+  EXPECT_EQ(paperOf(kShortLabels, {image(100), CutItem{100}, image(10)}).tops(),
+            (Tops{0, 100, 120}));
+  EXPECT_EQ(paperOf(kShortLabels, {FeedItem{119}, CutItem{100}}).tops(), (Tops{0, 119}));
+  EXPECT_EQ(paperOf(kShortLabels, {FeedItem{120}, CutItem{100}}).tops(), (Tops{0, 120}));
+  EXPECT_EQ(paperOf(kShortLabels, {FeedItem{121}, CutItem{100}}).tops(), (Tops{0, 220}));
+  EXPECT_EQ(paperOf(kShortLabels, {CutItem{100}}).tops(), Tops{0});
 }
 
 TEST(Labels, MayFollowWithoutAGap) {
@@ -125,7 +125,7 @@ TEST(Labels, MayFollowWithoutAGap) {
 }
 
 TEST(Labels, GrowToALimit) {
-  Paper paper(kLabels);
+  Paper paper(kShortLabels);
   for (int i = 0; i < 30000; ++i) paper.add(FeedItem{kMax});
   paper.add(image(100));
   EXPECT_EQ(paper.length(), 1'000'000'000);

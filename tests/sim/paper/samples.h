@@ -11,6 +11,12 @@ namespace tolvex::sim {
 
 using Rows = std::vector<std::string>;
 
+/// A roll as wide as that of the receipt printer.
+inline const PaperFormat kWideRoll{464, 384};
+/// Labels of 100 dots with gaps of 20 as wide as that, and of 240 with 24, as a label printer's.
+inline const PaperFormat kShortLabels{464, 384, 100, 20};
+inline const PaperFormat kTallLabels{400, 320, 240, 24};
+
 /// A picture from its rows, all of one length: '#' is a dark dot.
 inline Bitmap picture(const Rows& rows) {
   Bitmap bitmap(static_cast<int>(rows.front().size()), static_cast<int>(rows.size()));

@@ -13,9 +13,6 @@
 namespace tolvex::sim {
 namespace {
 
-const PaperFormat kRoll{464, 384};
-const PaperFormat kLabels{400, 320, 240, 24};
-
 std::string svg(const PaperFormat& format, const std::vector<PaperItem>& items) {
   return svgOf(paperOf(format, items));
 }
@@ -44,7 +41,7 @@ std::string lowerEdgeOf(const std::string& svg) {
 }
 
 TEST(Svg, StandsAlone) {
-  const std::string whole = svg(kRoll, {TextItem{"a", 24}});
+  const std::string whole = svg(kWideRoll, {TextItem{"a", 24}});
   EXPECT_EQ(
       whole.rfind("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<svg xmlns=\"http://www.w3.org/"
                   "2000/svg\" xmlns:xlink=\"http://www.w3.org/1999/xlink\" ",
@@ -55,13 +52,13 @@ TEST(Svg, StandsAlone) {
 
 TEST(Svg, IsAsLargeAsThePaperWithAMarginOf3Mm) {
   // 464 dots and twice 24; 24 above the text, 800 of paper, and twice 24.
-  EXPECT_TRUE(has(tagOf(svg(kRoll, {FeedItem{800}, CutItem{100}}), "svg"),
+  EXPECT_TRUE(has(tagOf(svg(kWideRoll, {FeedItem{800}, CutItem{100}}), "svg"),
                   "width=\"64mm\" height=\"109mm\" viewBox=\"-64 -48 512 872\""));
 }
 
 TEST(Svg, GrowsWithThePaper) {
   const auto viewBox = [](int length) {
-    const std::string tag = tagOf(svg(kRoll, {FeedItem{length}, CutItem{100}}), "svg");
+    const std::string tag = tagOf(svg(kWideRoll, {FeedItem{length}, CutItem{100}}), "svg");
     return tag.substr(tag.find("viewBox"));
   };
   EXPECT_EQ(viewBox(80), "viewBox=\"-64 -48 512 152\">");
@@ -69,20 +66,20 @@ TEST(Svg, GrowsWithThePaper) {
 }
 
 TEST(Svg, DrawsEmptyPaper) {
-  EXPECT_TRUE(has(tagOf(svg(kRoll, {}), "svg"), "viewBox=\"-64 -48 512 112\""));
-  EXPECT_EQ(countOf(svg(kLabels, {}), "stroke=\"#cfc7a8\""), 1);
+  EXPECT_TRUE(has(tagOf(svg(kWideRoll, {}), "svg"), "viewBox=\"-64 -48 512 112\""));
+  EXPECT_EQ(countOf(svg(kTallLabels, {}), "stroke=\"#cfc7a8\""), 1);
 }
 
 TEST(Svg, HoldsEachLineOfTextInItsPlace) {
   const TextItem title{"Title", 48, 24};
   const TextItem line{"<line> & more", 24};
-  const std::string whole = svg(kRoll, {title, FeedItem{10}, line});
+  const std::string whole = svg(kWideRoll, {title, FeedItem{10}, line});
   EXPECT_TRUE(has(whole, svgTextOf(title, 0) + svgTextOf(line, 70)));
 }
 
 TEST(Svg, EmbedsPicturesDotByDot) {
   const Bitmap logo = picture({"##.", "#.#"});
-  const std::string whole = svg(kRoll, {FeedItem{16}, ImageItem{logo, 40}});
+  const std::string whole = svg(kWideRoll, {FeedItem{16}, ImageItem{logo, 40}});
   EXPECT_TRUE(has(whole,
                   "<image x=\"40\" y=\"16\" width=\"3\" height=\"2\" class=\"dots\" "
                   "xlink:href=\"data:image/png;base64," +
@@ -91,7 +88,7 @@ TEST(Svg, EmbedsPicturesDotByDot) {
 
 TEST(Svg, EncodesEachPictureOnce) {
   const Bitmap logo = picture({"##.", "#.#"});
-  Paper paper = paperOf(kRoll, {ImageItem{logo}});
+  Paper paper = paperOf(kWideRoll, {ImageItem{logo}});
   const auto pngFor = [&paper](const Bitmap& bitmap) {
     return std::get<ImageItem>(paper.items()[0]).png.of(bitmap);
   };
@@ -104,11 +101,11 @@ TEST(Svg, EncodesEachPictureOnce) {
 }
 
 TEST(Svg, LeavesOutPicturesWithoutDots) {
-  EXPECT_FALSE(has(svg(kRoll, {ImageItem{Bitmap(0, 8)}, ImageItem{Bitmap(8, 0)}}), "<image"));
+  EXPECT_FALSE(has(svg(kWideRoll, {ImageItem{Bitmap(0, 8)}, ImageItem{Bitmap(8, 0)}}), "<image"));
 }
 
 TEST(Svg, ShowsTheContentWithinThePrintableWidthOnly) {
-  const std::string whole = svg(kRoll, {TextItem{"a", 24}, CutItem{100}});
+  const std::string whole = svg(kWideRoll, {TextItem{"a", 24}, CutItem{100}});
   EXPECT_TRUE(has(whole,
                   "<clipPath id=\"printable\">\n"
                   "<rect x=\"0\" y=\"-24\" width=\"384\" height=\"54\"/>\n</clipPath>"));
@@ -117,44 +114,44 @@ TEST(Svg, ShowsTheContentWithinThePrintableWidthOnly) {
 }
 
 TEST(Svg, PutsThePrintableWidthIntoTheMiddleOfThePaper) {
-  EXPECT_TRUE(has(svg(kRoll, {}), "d=\"M-40 -24H424V"));
+  EXPECT_TRUE(has(svg(kWideRoll, {}), "d=\"M-40 -24H424V"));
 }
 
 TEST(Svg, EndsInAStraightEdgeAfterACut) {
-  EXPECT_EQ(lowerEdgeOf(svg(kRoll, {FeedItem{80}, CutItem{100}})), "V80H-40Z");
+  EXPECT_EQ(lowerEdgeOf(svg(kWideRoll, {FeedItem{80}, CutItem{100}})), "V80H-40Z");
 }
 
 TEST(Svg, EndsInTheBridgeOfAPartialCut) {
   // A tenth of 464 dots around the middle.
-  EXPECT_EQ(lowerEdgeOf(svg(kRoll, {FeedItem{80}, CutItem{90}})),
+  EXPECT_EQ(lowerEdgeOf(svg(kWideRoll, {FeedItem{80}, CutItem{90}})),
             "V80H215.2L203.6 87L192 83.5L180.4 87L168.8 80H-40Z");
 }
 
 TEST(Svg, EndsInTeethWhereItWasTornOff) {
-  const std::string torn = lowerEdgeOf(svg(kRoll, {FeedItem{80}}));
+  const std::string torn = lowerEdgeOf(svg(kWideRoll, {FeedItem{80}}));
   EXPECT_EQ(torn.rfind("V120L414 ", 0), 0U);
   EXPECT_EQ(countOf(torn, "L"), 47);
   EXPECT_EQ(torn.substr(torn.find("L-40")), "L-40 120Z");
-  EXPECT_EQ(torn, lowerEdgeOf(svg(kRoll, {FeedItem{80}, CutItem{0}})));
-  EXPECT_EQ(torn, lowerEdgeOf(svg(kRoll, {FeedItem{40}, CutItem{100}, FeedItem{40}})));
+  EXPECT_EQ(torn, lowerEdgeOf(svg(kWideRoll, {FeedItem{80}, CutItem{0}})));
+  EXPECT_EQ(torn, lowerEdgeOf(svg(kWideRoll, {FeedItem{40}, CutItem{100}, FeedItem{40}})));
 }
 
 TEST(Svg, MarksEarlierCutsFromBothSides) {
-  const std::string whole = svg(
-      kRoll, {FeedItem{80}, CutItem{100}, FeedItem{80}, CutItem{50}, FeedItem{8}, CutItem{100}});
+  const std::string whole = svg(kWideRoll, {FeedItem{80}, CutItem{100}, FeedItem{80}, CutItem{50},
+                                            FeedItem{8}, CutItem{100}});
   EXPECT_EQ(countOf(whole, "stroke-dasharray"), 2);
   EXPECT_TRUE(has(whole, "<path d=\"M-40 80h232M424 80h-232\""));
   EXPECT_TRUE(has(whole, "<path d=\"M-40 160h116M424 160h-116\""));
 }
 
 TEST(Svg, TakesAnyPercentage) {
-  constexpr int kMax = std::numeric_limits<int>::max();
-  EXPECT_EQ(lowerEdgeOf(svg(kRoll, {FeedItem{80}, CutItem{kMax}})), "V80H-40Z");
-  EXPECT_TRUE(has(svg(kRoll, {CutItem{kMax}, FeedItem{8}}), "\"M-40 0h232M424 0h-232\""));
+  constexpr int kMost = std::numeric_limits<int>::max();
+  EXPECT_EQ(lowerEdgeOf(svg(kWideRoll, {FeedItem{80}, CutItem{kMost}})), "V80H-40Z");
+  EXPECT_TRUE(has(svg(kWideRoll, {CutItem{kMost}, FeedItem{8}}), "\"M-40 0h232M424 0h-232\""));
 }
 
 TEST(SvgLabels, LieOnTheirBackingWithGaps) {
-  const std::string whole = svg(kLabels, {TextItem{"a", 24}, FeedItem{300}, TextItem{"b", 24}});
+  const std::string whole = svg(kTallLabels, {TextItem{"a", 24}, FeedItem{300}, TextItem{"b", 24}});
   EXPECT_TRUE(has(whole,
                   "<rect x=\"-40\" y=\"0\" width=\"400\" height=\"240\" rx=\"12\" fill=\"#fff\" "
                   "stroke=\"#cfc7a8\"/>\n"
@@ -166,7 +163,7 @@ TEST(SvgLabels, LieOnTheirBackingWithGaps) {
 
 TEST(SvgLabels, AreShownWholeToTheLastOne) {
   const auto labels = [](int length) {
-    return countOf(svg(kLabels, {FeedItem{length}}), "stroke=\"#cfc7a8\"");
+    return countOf(svg(kTallLabels, {FeedItem{length}}), "stroke=\"#cfc7a8\"");
   };
   EXPECT_EQ(labels(1), 1);
   EXPECT_EQ(labels(240), 1);
@@ -175,7 +172,7 @@ TEST(SvgLabels, AreShownWholeToTheLastOne) {
 }
 
 TEST(SvgLabels, ShowNothingBetweenThemAndAllOfTheirCorners) {
-  const std::string whole = svg(kLabels, {ImageItem{Bitmap(8, 300)}});
+  const std::string whole = svg(kTallLabels, {ImageItem{Bitmap(8, 300)}});
   EXPECT_TRUE(has(whole,
                   "<clipPath id=\"printable\">\n"
                   "<rect x=\"0\" y=\"0\" width=\"320\" height=\"240\"/>\n"
@@ -183,12 +180,12 @@ TEST(SvgLabels, ShowNothingBetweenThemAndAllOfTheirCorners) {
 }
 
 TEST(SvgLabels, EndInAStraightEdgeAfterACut) {
-  EXPECT_EQ(lowerEdgeOf(svg(kLabels, {FeedItem{240}, CutItem{100}})), "V260H-56Z");
-  EXPECT_EQ(lowerEdgeOf(svg(kLabels, {TextItem{"a", 24}, CutItem{100}})), "V260H-56Z");
+  EXPECT_EQ(lowerEdgeOf(svg(kTallLabels, {FeedItem{240}, CutItem{100}})), "V260H-56Z");
+  EXPECT_EQ(lowerEdgeOf(svg(kTallLabels, {TextItem{"a", 24}, CutItem{100}})), "V260H-56Z");
 }
 
 TEST(SvgLabels, MarkEarlierCutsBelowTheLabel) {
-  EXPECT_TRUE(has(svg(kLabels, {TextItem{"a", 24}, CutItem{100}, TextItem{"b", 24}}),
+  EXPECT_TRUE(has(svg(kTallLabels, {TextItem{"a", 24}, CutItem{100}, TextItem{"b", 24}}),
                   "\"M-56 240h216M376 240h-216\""));
 }
 

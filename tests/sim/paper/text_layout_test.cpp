@@ -165,11 +165,11 @@ TEST(Lines, TakeHalfDotsOfOddFontsIntoAccount) {
 }
 
 TEST(Lines, TakeAnyNumbers) {
-  constexpr int kMax = std::numeric_limits<int>::max();
-  EXPECT_EQ(linesOf("ab", kMax, 384, Overflow::Cut), Texts{"a"});
+  constexpr int kMost = std::numeric_limits<int>::max();
+  EXPECT_EQ(linesOf("ab", kMost, 384, Overflow::Cut), Texts{"a"});
   EXPECT_EQ(linesOf("ab", 0, 384, Overflow::Cut), Texts{"a"});
   EXPECT_EQ(linesOf("ab", -24, 384, Overflow::Cut), Texts{"a"});
-  EXPECT_EQ(linesOf("ab", 1, kMax, Overflow::Wrap), Texts{"ab"});
+  EXPECT_EQ(linesOf("ab", 1, kMost, Overflow::Wrap), Texts{"ab"});
 }
 
 }  // namespace
