@@ -5,7 +5,6 @@
 namespace tolvex::test {
 namespace {
 
-constexpr char kOk[] = R"({"result":"0"})";
 constexpr unsigned kShortWait = 50;
 
 #ifdef TOLVEX_RELEASE_SOCKETS

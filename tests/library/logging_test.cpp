@@ -9,8 +9,6 @@ namespace {
 
 using Logging = ServiceTest;
 
-constexpr char kOk[] = R"({"result":"0"})";
-
 TEST_F(Logging, TrafficIsShownWhenTheThresholdIsLowered) {
   host.withLogConfig("[levels]\nDLL=2\n");
   service.answers(kOk);

@@ -7,8 +7,6 @@
 
 namespace tolvex::test {
 
-constexpr char kOk[] = R"({"result":"0"})";
-
 inline std::string replyWith(int code) { return R"({"result":")" + std::to_string(code) + "\"}"; }
 
 // The requests of a job. Texts and paths stand here as JSON writes them.

@@ -6,22 +6,22 @@
 namespace tolvex {
 namespace {
 
-struct JobType {
+struct TicketType {
   int number;
   const char* name;
   int printerType;
 };
 
-void PrintTo(const JobType& type, std::ostream* out) { *out << type.name; }
+void PrintTo(const TicketType& type, std::ostream* out) { *out << type.name; }
 
-const JobType kJobTypes[] = {
+const TicketType kTicketTypes[] = {
     {0, "0_Ticket", 1},      {2, "2_DOT_LBL", 0}, {7, "7_IMG_TKT", 1}, {204, "204_IMG_LBL", 0},
     {205, "205_DOT_LBL", 0}, {42, "42", 1},       {1, "1", 1},         {203, "203", 1},
     {300, "300", 1},         {301, "301", 2},     {303, "303", 2},     {307, "307", 2},
     {311, "311", 2},         {312, "312", 1},     {-1, "-1", 1},       {-8, "-8", 1},
 };
 
-class TicketJob : public BeginPrintTest, public ::testing::WithParamInterface<JobType> {
+class TicketJob : public BeginPrintTest, public ::testing::WithParamInterface<TicketType> {
  protected:
   void expectJob(int verdict, std::int32_t lastError, const Texts& requests, const Texts& logged) {
     expectRun(GetParam().number, name(), verdict, lastError, requests, logged);
@@ -89,7 +89,7 @@ TEST_P(TicketJob, WithoutAReplyToItsConfirmationFails) {
             {"[W] L:129 M:DLL [SndCmdToPrinter] Rcv failed: 0!", failedToConfirm("0x4")});
 }
 
-INSTANTIATE_TEST_SUITE_P(Of, TicketJob, ::testing::ValuesIn(kJobTypes), [](const auto& type) {
+INSTANTIATE_TEST_SUITE_P(Of, TicketJob, ::testing::ValuesIn(kTicketTypes), [](const auto& type) {
   const int number = type.param.number;
   return number < 0 ? "Minus" + std::to_string(-number) : std::to_string(number);
 });

@@ -9,19 +9,19 @@
 namespace tolvex {
 namespace {
 
-struct Command {
+struct NamingCommand {
   const char* testName;
   unsigned (*run)(VcoClientApi& client, const char* printerName);
   const char* before;  // the request up to the name
   const char* after;   // and behind it
 };
 
-void PrintTo(const Command& command, std::ostream* out) { *out << command.testName; }
+void PrintTo(const NamingCommand& command, std::ostream* out) { *out << command.testName; }
 
 // The whole reply of the version goes here.
 char version[2048];
 
-const Command kCommands[] = {
+const NamingCommand kNamingCommands[] = {
     {"GetPrinterVersion",
      [](VcoClientApi& client, const char* name) {
        return client.getPrinterVersion(version, sizeof(version), name);
@@ -53,7 +53,7 @@ const Command kCommands[] = {
      R"({"cmd":"settakepapersensor","enable":"1","printerName":")", R"("})"},
 };
 
-class PrinterName : public ServiceTest, public ::testing::WithParamInterface<Command> {
+class PrinterName : public ServiceTest, public ::testing::WithParamInterface<NamingCommand> {
  protected:
   PrinterName() { leaveLastError(77); }
 
@@ -93,7 +93,7 @@ TEST_P(PrinterName, OfAMegabyteIsInvalidParam) {
 
 TEST_P(PrinterName, OfNullIsInvalidParam) { expectRefused(nullptr); }
 
-INSTANTIATE_TEST_SUITE_P(Of, PrinterName, ::testing::ValuesIn(kCommands),
+INSTANTIATE_TEST_SUITE_P(Of, PrinterName, ::testing::ValuesIn(kNamingCommands),
                          [](const auto& command) { return std::string(command.param.testName); });
 
 }  // namespace

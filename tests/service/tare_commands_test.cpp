@@ -17,7 +17,7 @@ struct TareCommand {
 
 void PrintTo(const TareCommand& command, std::ostream* out) { *out << command.testName; }
 
-const TareCommand kCommands[] = {
+const TareCommand kTareCommands[] = {
     {"SetTare", &VcoClientApi::setTare, R"({"cmd":"settarebykey"})",
      "[W] L:270 M:DLL [service_test][setTare] json parse fail:"},
     {"ClearTare", &VcoClientApi::clearTare, R"({"cmd":"clear_tare"})",
@@ -122,7 +122,7 @@ TEST_P(Tare, KeepsAFailedExchange) {
   expectUntouched();
 }
 
-INSTANTIATE_TEST_SUITE_P(By, Tare, ::testing::ValuesIn(kCommands),
+INSTANTIATE_TEST_SUITE_P(By, Tare, ::testing::ValuesIn(kTareCommands),
                          [](const auto& command) { return std::string(command.param.testName); });
 
 }  // namespace

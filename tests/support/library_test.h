@@ -31,6 +31,8 @@ class LibraryTest : public ::testing::Test {
   LogReader log{host.logFile()};
 };
 
+constexpr char kOk[] = R"({"result":"0"})";
+
 // With a service that listens on the host's address.
 class ServiceTest : public LibraryTest {
  protected:
