@@ -61,13 +61,13 @@ extern "C" {
 
 /* ---- Results ---- */
 
-#define TOLVEX_OK 240
-#define TOLVEX_FAILED 255
-#define TOLVEX_UNDER_LOAD (-1)    /* read_standard only */
-#define TOLVEX_OVER_LOAD (-2)     /* read_standard only */
-#define TOLVEX_FONT_TOO_SMALL 242 /* PrintText and PrintTextByPaperWidth only */
-#define TOLVEX_FONT_TOO_BIG 243   /* PrintText and PrintTextByPaperWidth only */
-#define TOLVEX_UNREADABLE_REPLY (-1)
+#define TOLVEX_OK 240                /* done */
+#define TOLVEX_FAILED 255            /* failed; getLastErrCode() says why */
+#define TOLVEX_UNDER_LOAD (-1)       /* read_standard only */
+#define TOLVEX_OVER_LOAD (-2)        /* read_standard only */
+#define TOLVEX_FONT_TOO_SMALL 242    /* PrintText and PrintTextByPaperWidth only */
+#define TOLVEX_FONT_TOO_BIG 243      /* PrintText and PrintTextByPaperWidth only */
+#define TOLVEX_UNREADABLE_REPLY (-1) /* of functions returning a code, and of getLastErrCode */
 
 #define TOLVEX_DEFAULT_PRINTER 100 /* a printer type */
 
@@ -218,9 +218,9 @@ typedef struct tolvex_base_info {
 } tolvex_base_info;
 
 /* Bits of tolvex_weight.status. */
-#define TOLVEX_WEIGHT_STABLE 0x01
-#define TOLVEX_WEIGHT_AT_ZERO 0x02
-#define TOLVEX_WEIGHT_TARE_ACTIVE 0x04
+#define TOLVEX_WEIGHT_STABLE 0x01      /* the weight has settled */
+#define TOLVEX_WEIGHT_AT_ZERO 0x02     /* nothing is on the scale */
+#define TOLVEX_WEIGHT_TARE_ACTIVE 0x04 /* a tare is subtracted */
 
 /* What read_standard fills in: 24 bytes. Pass its address as (char *)&weight. */
 typedef struct tolvex_weight {
@@ -570,19 +570,22 @@ TOLVEX_API int SetServerIpForRemoteAccess_stdcall(const char *ip);
 
 /* They exist so that applications written for a fuller interface still bind. Whatever arguments
  * such an application passes, having its own declarations, are ignored; nothing is sent, logged or
- * connected, and the last error stays.
- * Each returns TOLVEX_OK ... */
+ * connected, and the last error stays. */
+
+/* Does nothing. Returns TOLVEX_OK. */
 TOLVEX_API int ClosePrinterEx(void);
 TOLVEX_API int ClosePrinterEx_stdcall(void);
 TOLVEX_API int DisplayUpdate(void);
 TOLVEX_API int DisplayUpdate_stdcall(void);
 TOLVEX_API int OpenDisplay(void);
 TOLVEX_API int OpenDisplay_stdcall(void);
-/* Not declared where <windows.h> has made this name one of the spooler's. */
+/* Does nothing. Returns TOLVEX_OK. Not declared where <windows.h> has made this name one of the
+ * spooler's. */
 #ifndef OpenPrinter
 TOLVEX_API int OpenPrinter(void);
 #endif
 TOLVEX_API int OpenPrinter_stdcall(void);
+/* Does nothing. Returns TOLVEX_OK. */
 TOLVEX_API int SetDataRows(void);
 TOLVEX_API int SetDataRows_stdcall(void);
 TOLVEX_API int SetHeaderReserveRows(void);
@@ -618,11 +621,11 @@ TOLVEX_API int ShowProduct_stdcall(void);
 TOLVEX_API int switch_resolution(void);
 TOLVEX_API int switch_resolution_stdcall(void);
 
-/* ... this one returns TOLVEX_FAILED ... */
+/* Does nothing. Returns TOLVEX_FAILED. */
 TOLVEX_API int PrintLabelImage(void);
 TOLVEX_API int PrintLabelImage_stdcall(void);
 
-/* ... and what these return has no meaning. */
+/* Does nothing. What it returns has no meaning. */
 TOLVEX_API int Version(void);
 TOLVEX_API int Version_stdcall(void);
 TOLVEX_API int DisplayText(void);
