@@ -69,7 +69,8 @@ void logBanner() {
   NLog* const log = NLog::GetInstance();
   NLog::Log(log, kModuleDll, kLevelTrace, 180, "===========================================");
   NLog::Log(log, kModuleDll, kLevelTrace, 181,
-            "======= tolvex_dll V%s  ================", kLibraryVersion);
+            // Whole in the library's file, where tools look for the version.
+            "======= tolvex_dll V" TOLVEX_LIBRARY_VERSION "  ================");
   NLog::Log(log, kModuleDll, kLevelTrace, 182, "===========================================");
 }
 

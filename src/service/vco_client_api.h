@@ -15,7 +15,8 @@ namespace tolvex {
 
 class Envelope;
 
-constexpr char kLibraryVersion[] = "3.0.3.2";
+#define TOLVEX_LIBRARY_VERSION "3.0.3.2"
+constexpr char kLibraryVersion[] = TOLVEX_LIBRARY_VERSION;
 
 // How long a reply is waited for, unless the caller of a raw command says otherwise.
 constexpr unsigned kReplyTimeoutMs = 40000;

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tolvex::ctl {
+
+/// Foreign bytes made fit for a terminal: control characters (line ends too), what turns the
+/// direction of writing, and bytes that are not UTF-8 become \xNN. Other UTF-8 text stays as it is.
+std::string printable(std::string_view text);
+
+}  // namespace tolvex::ctl

@@ -1,0 +1,36 @@
+#include "library/service.h"
+
+#include "library/application.h"
+
+namespace tolvex::ctl {
+
+Service::Service(const Library& library, const Globals& globals, Output& output)
+    : library_(library),
+      globals_(globals),
+      output_(output),
+      lastError_(library.get(TOLVEX_EXPORT(getLastErrCode))) {
+  const std::string address = addressToSet(globals);
+  if (address.empty()) return;
+  if (library.get(TOLVEX_EXPORT(SetServerIpForRemoteAccess))(address.c_str()) == TOLVEX_OK) return;
+  throw Failure(ExitCode::Failed, "the library does not take the address " + address,
+                "Give a dotted IPv4 address such as 192.168.1.20 with --host.");
+}
+
+Answer Service::finished(Answer answer) {
+  if (globals_.verbose) output_.passOnLibraryMessages();
+  return answer;
+}
+
+void Service::checkVerdict(const std::string& purpose, const Answer& answer) {
+  if (answer.value == TOLVEX_OK) return;
+  const bool failed = answer.value == TOLVEX_FAILED && answer.lastError != TOLVEX_RESULT_OK;
+  throw Failure("cannot " + purpose, failed ? answer.lastError : answer.value);
+}
+
+void Service::checkCode(const std::string& purpose, int code) {
+  if (code != TOLVEX_RESULT_OK) throw Failure("cannot " + purpose, code);
+}
+
+std::string textIn(const std::string& buffer) { return buffer.c_str(); }
+
+}  // namespace tolvex::ctl
