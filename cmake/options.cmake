@@ -16,6 +16,9 @@ if(TOLVEX_SANITIZE)
     target_compile_options(tolvex_options INTERFACE -Wno-tsan)
   endif()
 else()
+  # No file that is built may tell where: two folders give the same bytes.
+  target_compile_options(tolvex_options INTERFACE
+    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
   target_compile_options(tolvex_options INTERFACE -fstack-protector-strong
     $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
   target_link_options(tolvex_options INTERFACE -fstack-protector-strong)
@@ -28,7 +31,7 @@ if(WIN32)
   # file's copy of that function, which uses others. GCC takes this into account for ELF only.
   target_compile_options(tolvex_options INTERFACE -fno-ipa-ra)
   target_link_options(tolvex_options INTERFACE -static
-    -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+    -Wl,--dynamicbase,--high-entropy-va,--nxcompat,--no-insert-timestamp)
 else()
   target_link_options(tolvex_options INTERFACE -Wl,-z,relro,-z,now,-z,noexecstack)
 endif()
