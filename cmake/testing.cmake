@@ -33,6 +33,7 @@ target_precompile_headers(test_headers PRIVATE <gtest/gtest.h> <filesystem> <fun
 function(tolvex_test_program name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
+  tolvex_unity(${name})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE tolvex::options ${arg_LIBRARIES} gtest_main)
