@@ -10,8 +10,9 @@ add_library(gtest STATIC ${GOOGLETEST_SOURCES}/googletest/src/gtest-all.cc)
 target_include_directories(gtest SYSTEM PUBLIC ${GOOGLETEST_SOURCES}/googletest/include
   PRIVATE ${GOOGLETEST_SOURCES}/googletest)
 target_link_libraries(gtest PUBLIC Threads::Threads)
+target_compile_options(gtest PRIVATE -O0 -g1)
 if(TOLVEX_SANITIZE)
-  target_compile_options(gtest PRIVATE -fsanitize=${TOLVEX_SANITIZE} -O1 -g1)
+  target_compile_options(gtest PRIVATE -fsanitize=${TOLVEX_SANITIZE})
 endif()
 add_library(gtest_main STATIC ${GOOGLETEST_SOURCES}/googletest/src/gtest_main.cc)
 target_link_libraries(gtest_main PUBLIC gtest)
@@ -26,6 +27,7 @@ add_executable(test_headers ${PROJECT_SOURCE_DIR}/cmake/test_headers.cpp)
 target_link_libraries(test_headers PRIVATE tolvex::options gtest)
 set(tolvex_test_options -O1 $<$<CONFIG:RelWithDebInfo>:-g1>)
 target_compile_options(test_headers PRIVATE ${tolvex_test_options})
+set_target_properties(test_headers PROPERTIES TOLVEX_IS_TEST ON)
 target_precompile_headers(test_headers PRIVATE <gtest/gtest.h> <filesystem> <functional> <string> <thread> <vector>)
 
 # A program of tests, without any CTest test of it yet.
@@ -34,7 +36,8 @@ function(tolvex_test_program name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   tolvex_unity(${name})
-  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
+  set_target_properties(${name} PROPERTIES TOLVEX_IS_TEST ON
+    RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE tolvex::options ${arg_LIBRARIES} gtest_main)
   # What is tested is optimised as it ships; the tests themselves need not be.
