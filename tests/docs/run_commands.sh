@@ -10,6 +10,8 @@
 #   <!-- exit: 3 -->    before a block: the exit status of its last command, if it is not 0
 #   <!-- stop -->       ends what goes on in the background
 #   <!-- file: NAME --> before a block: its content is put there
+#   <!-- run: COMMAND -->  a command that is not shown, without an output to compare
+#   ```bash             a script; <!-- check: COMMAND --> before it: has to be true at its end
 #   ```c                without a file's name: statements that have to compile
 # 127.0.0.1 in a document is ADDRESS here. What can not run here is listed in not_run.txt.
 set -euo pipefail
@@ -37,7 +39,6 @@ is_listed() {
     case $pattern in "" | "#"*) continue ;; esac
     if [[ $1 =~ ^($pattern)$ ]]; then
       [ -n "$reason" ] || fail "-" "not_run.txt gives no reason for $pattern"
-      echo "$pattern" >>"${TOLVEX_NOT_RUN_USED:-/dev/null}"
       return 0
     fi
   done <"$here/not_run.txt"
@@ -48,7 +49,7 @@ is_listed() {
 
 # Whether what was printed is what the document shows.
 matches() {
-  awk -v shown="$1" '
+  SHOWN=$1 awk '
     function literal(text) { gsub(/[][\\.^$*+?(){}|]/, "\\\\&", text); return text }
     function pattern(text,  parts, n, i, all) {
       n = split(text, parts, "\\.\\.\\.")
@@ -57,7 +58,7 @@ matches() {
     }
     { printed = printed $0 "\n" }
     END {
-      n = split(shown, line, "\n")
+      n = split(ENVIRON["SHOWN"], line, "\n")
       for (i = 1; i < n; i++) all = all (line[i] == "..." ? "([^\n]*\n)*" : pattern(line[i]) "\n")
       exit printed ~ ("^" all "$") ? 0 : 1
     }' | cat
@@ -153,6 +154,17 @@ windows_block() {
   done <<<"$block"
 }
 
+# A script, and a check in its shell. What it started in the background is ended with it.
+script_block() {
+  local status=0
+  {
+    printf 'set -e\n%s\n%s\n' "${block//127.0.0.1/$address}" "$2"
+    printf 'kill -INT $(jobs -p)\nwait\n'
+  } >"$folder/.script"
+  timeout 120 bash -c '. "$1/.state"; . "$1/.script"' run "$folder" >"$folder/.output" 2>&1 </dev/null || status=$?
+  [ "$status" = 0 ] || fail "$1" "the script ends with $status: $(cat "$folder/.output")"
+}
+
 statements_block() {
   {
     printf '#include <exports.h>\n#include <stdio.h>\n#include <string.h>\nvoid example(void);\nvoid example(void) {\n'
@@ -171,7 +183,7 @@ quiet_block() {
 
 # ---- The document ----
 
-block="" kind="" fence="" file="" wanted=0 begin=0 number=0 previous=""
+block="" kind="" fence="" file="" check="" wanted=0 begin=0 number=0 previous=""
 while IFS= read -r line || [ -n "$line" ]; do
   number=$((number + 1))
   if [ -n "$fence" ]; then
@@ -186,17 +198,22 @@ while IFS= read -r line || [ -n "$line" ]; do
       case $kind in
         console) console_block "$begin" "$wanted" ;;
         bat | powershell) windows_block "$begin" ;;
+        bash) script_block "$begin" "$check" ;;
         c) statements_block "$begin" ;;
         *) quiet_block "$begin" ;;
       esac
     fi
-    fence="" file="" wanted=0
+    fence="" file="" check="" wanted=0
   elif [[ $line =~ ^'```'(.*)$ ]]; then
     kind=${BASH_REMATCH[1]} fence='```' block="" begin=$number
   elif [[ $line =~ ^'<!-- file: '(.*)' -->'$ ]]; then
     file=${BASH_REMATCH[1]}
   elif [[ $line =~ ^'<!-- exit: '([0-9]+)' -->'$ ]]; then
     wanted=${BASH_REMATCH[1]}
+  elif [[ $line =~ ^'<!-- check: '(.*)' -->'$ ]]; then
+    check=${BASH_REMATCH[1]}
+  elif [[ $line =~ ^'<!-- run: '(.*)' -->'$ ]]; then
+    run_command "$number" "${BASH_REMATCH[1]}" "" 0
   elif [ "$line" = '<!-- stop -->' ]; then
     stop_commands
   elif [[ $line == '    '* && -z $previous ]]; then

@@ -1,5 +1,5 @@
 # Turns the plain C comments of exports.h into Doxygen's, and documents what stands under another
-# function's comment. usage: awk -f filter.awk exports.h
+# function's comment. usage: awk -f header.awk exports.h
 
 # Doxygen's own characters as plain text.
 function plain(text) {

@@ -1,0 +1,62 @@
+# Gives headings and links of the guides the labels that Doxygen resolves. GitHub makes anchors of
+# headings by itself. usage: awk -f markdown.awk docs/log.md
+
+# A path as a label: what stands behind the project's folder, "docs/log.md" becomes "docs-log".
+function pageOf(path,   part, n, i, kept, k, label) {
+  n = split(path, part, "/")
+  for (i = 1; i <= n; i++) {
+    if (part[i] == "..") k--
+    else kept[++k] = part[i]
+  }
+  for (i = (k > 2 && kept[k - 2] == "examples" ? k - 2 : k - 1); i <= k; i++) label = label (label == "" ? "" : "-") kept[i]
+  sub(/\.md$/, "", label)
+  return label
+}
+
+# As GitHub does it.
+function anchorOf(heading) {
+  gsub(/`/, "", heading)
+  heading = tolower(heading)
+  gsub(/[^a-z0-9 _-]/, "", heading)
+  gsub(/ /, "-", heading)
+  return heading
+}
+
+function labelOf(link,   file, anchor, at) {
+  at = index(link, "#")
+  file = at ? substr(link, 1, at - 1) : link
+  anchor = at ? substr(link, at + 1) : ""
+  return "#" (file == "" ? page : pageOf(folder "/" file)) (anchor == "" ? "" : "--" anchor)
+}
+
+FNR == 1 {
+  page = pageOf(FILENAME)
+  folder = FILENAME
+  sub(/\/[^\/]*$/, "", folder)
+}
+
+/^```/ {
+  inBlock = !inBlock
+  sub(/^```[a-z]+/, "```")
+}
+
+inBlock { print; next }
+
+/^#+ / {
+  heading = $0
+  sub(/^#+ /, "", heading)
+  print $0 " {#" page (/^# / ? "" : "--" anchorOf(heading)) "}"
+  next
+}
+
+{
+  rest = $0
+  done = ""
+  while (match(rest, /\]\([^)]*\)/)) {
+    link = substr(rest, RSTART + 2, RLENGTH - 3)
+    if (link ~ /^#/ || link ~ /^[^:]*\.md(#.*)?$/) link = labelOf(link)
+    done = done substr(rest, 1, RSTART - 1) "](" link ")"
+    rest = substr(rest, RSTART + RLENGTH)
+  }
+  print done rest
+}
