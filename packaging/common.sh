@@ -151,7 +151,7 @@ documents() {
 
 # The files of the source tree below some folders, without what was built or left there.
 git_files() {
-  if git rev-parse --git-dir >/dev/null 2>&1; then
+  if [ -e .git ]; then
     git ls-files --cached --others --exclude-standard -- "$@" | while read -r file; do
       if [ -f "$file" ]; then echo "$file"; fi
     done
