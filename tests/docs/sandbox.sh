@@ -32,6 +32,16 @@ case " \$* " in
 esac
 END
 
+# As the development package has it.
+mkdir "$folder/.pkgconfig"
+cat >"$folder/.pkgconfig/tolvex.pc" <<END
+Name: tolvex
+Description: device adapter library
+Version: 3.0.3.2
+Cflags: -I$source/src/api
+Libs: -L$bin -ltolvex_dll
+END
+
 # ./run builds and tests the whole project: here it says whether it has the word, and starts the
 # simulator.
 cat >"$folder/run" <<END
@@ -45,6 +55,6 @@ END
 chmod +x "$folder/run" "$folder/.bin/zelkad-sim"
 cat >"$folder/.state" <<END
 export PATH="$folder/.bin:$PATH" HOME="$folder/.home" XDG_STATE_HOME="$folder/.home/.local/state" LC_ALL=C.UTF-8
-export C_INCLUDE_PATH="$source/src/api" LIBRARY_PATH="$bin" LD_LIBRARY_PATH="$bin"
+export PKG_CONFIG_PATH="$folder/.pkgconfig" LD_LIBRARY_PATH="$bin"
 cd "$folder"
 END
