@@ -82,13 +82,19 @@ std::string joined(const std::string& literals) {
   return text;
 }
 
+// A source without its comments, and with the one macro in a message as its placeholder.
+std::string codeOf(const std::filesystem::path& path) {
+  const std::string code = std::regex_replace(textOf(path), std::regex(R"(\n *//[^\n]*)"), "");
+  return std::regex_replace(code, std::regex("TOLVEX_LIBRARY_VERSION"), R"("%s")");
+}
+
 std::vector<LogCall> logCalls() {
   const std::regex call(
       R"re(\bLog(?:String)?\(\s*(?:NLog::GetInstance\(\)|log|this),\s*kModule(\w+),\s*(\w+),\s*([\w.]+),\s*(?:std::string\()?((?:"(?:[^"\\]|\\.)*"\s*)+))re");
   std::vector<LogCall> calls;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(source("src"))) {
     if (entry.path().extension() != ".cpp") continue;
-    const std::string text = textOf(entry.path());
+    const std::string text = codeOf(entry.path());
     for (const std::smatch& match : matches(text, call)) {
       std::string module = match[1];
       if (module == "Dll") module = "DLL";
