@@ -25,10 +25,13 @@ function commentLine(text) {
   if (text ~ /^ *Log[:,]/) {
     endVerbatim()
     print "@par Log"
-    if (text ~ /:$/) print plain(substr(text, 6))
+    if (sub(/^ *Log, /, "", text)) {
+      print plain(text)
+      text = ""
+    }
     beginVerbatim()
-    if (sub(/^ *Log: ?/, "     ", text)) print text
-    else print "    " text
+    sub(/^ *Log: ?/, "     ", text)
+    if (text != "") print text
   } else {
     if (text ~ /^  /) beginVerbatim()
     else endVerbatim()
@@ -58,8 +61,9 @@ function fileComment(i,   text) {
   while (lines[i] !~ /\*\/$/) {
     text = lines[i++]
     sub(/^(\/\*| \*) ?/, "", text)
+    text = plain(text)
     sub(/^ *[0-9]+\. /, "-# ", text)
-    print plain(text)
+    print text
   }
   print "*/"
   return i
