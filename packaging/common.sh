@@ -114,7 +114,8 @@ END
 is_for_users() {
   case $1 in
     docs/development.md | docs/performance.md | examples/CMakeLists.txt) return 1 ;;
-    docs/*.md | docs/*.png | docs/*.svg | examples/* | sim/README.md) return 0 ;;
+    docs/*/*) return 1 ;;
+    docs/*.md | docs/*.png | docs/*.svg | examples/* | sim/README.md | CHANGELOG.md) return 0 ;;
     *) return 1 ;;
   esac
 }
@@ -132,14 +133,15 @@ documents() {
       if is_for_users "$file"; then printf '%s\t%s/%s\n' "$file" "$docs" "${file#docs/}"; fi
     done
   } >"$map"
-  for file in sim/README.md $(git_files docs examples); do
+  for file in CHANGELOG.md sim/README.md $(git_files docs examples); do
     is_for_users "$file" || continue
     case $file in
+      CHANGELOG.md) target=$5 ;;
       sim/README.md) target=$docs/zelkad-sim.md ;;
       docs/*) target=$docs/${file#docs/} ;;
       examples/*) target=$examples/${file#examples/} ;;
     esac
-    mkdir -p "$root/${target%/*}"
+    mkdir -p "$(dirname "$root/$target")"
     case $file in
       *.md) packaging/relink "$map" "$file" "$target" <"$file" >"$root/$target" ;;
       *) cp "$file" "$root/$target" ;;
