@@ -120,7 +120,8 @@ is_for_users() {
   esac
 }
 
-# Documents and examples, with links that fit. The folders are within the package ROOT.
+# Documents, the reference made of the header, and examples, with links that fit. The folders are within
+# the package ROOT.
 #   documents ROOT DOCS-FOLDER EXAMPLES-FOLDER HEADER CHANGELOG
 documents() {
   local root=$1 docs=$2 examples=$3 map file target
@@ -148,7 +149,13 @@ documents() {
     esac
     if [ -x "$file" ]; then chmod 755 "$root/$target"; else chmod 644 "$root/$target"; fi
   done
-  rm "$map"
+  docs/reference/make "$root/.reference" >/dev/null
+  packaging/relink "$map" --pages "$root/.reference/html" "$docs/html"
+  mv "$root/.reference/html" "$root/$docs/html"
+  rm -r "$map" "$root/.reference"
+  # In a package the reference has a place of its own.
+  sed -i 's:^| reference |\(.*\) by `./run docs` in `build/docs/html/` |$:| [reference](html/index.html) |\1 |:' \
+    "$root/$docs/README.md"
 }
 
 # The files of the source tree below some folders, without what was built or left there.

@@ -24,7 +24,17 @@ while IFS= read -r document; do
     [ -e "${document%/*}/$link" ] || failed "${document#"$root/"} leads to $link, which is not there"
   done < <(awk '/^ *```/ { code = !code } !code' "$document" | grep -oE '\]\([^)# ]+' | sed 's/^](//' | grep -vE '^[a-z]+:' || true)
 done < <(find "$root" -name '*.md')
-[ "$documents" -ge 3 ] || failed "only $documents documents"
+[ "$documents" -ge 8 ] || failed "only $documents documents"
+
+# The reference: a page of each group of exports, and every link of it leads to something.
+reference=$(find "$root" -type d -name html)
+[ -f "$reference/index.html" ] || failed "no reference"
+grep -q 'BeginPrint' "$reference"/*.html || failed "the reference lacks BeginPrint"
+for page in "$reference"/*.html; do
+  while IFS= read -r link; do
+    [ -e "$reference/$link" ] || failed "${page#"$root/"} leads to $link, which is not there"
+  done < <(grep -oE 'href="[^"#]+' "$page" | sed 's/^href="//' | grep -vE '^[a-z]+:' | sort -u || true)
+done
 
 # The bill of materials: each file with its sum, each of the works of others with its version.
 files=0
