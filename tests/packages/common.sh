@@ -23,3 +23,23 @@ equals() {
     failed "$1 (expected <, got >)"
   }
 }
+
+# The tool of the package finds the library of the package, and weighs what lies on its simulator.
+#   tool_weighs FOLDER ADDRESS SIMULATOR TOOL [LAUNCHER]
+tool_weighs() {
+  local folder=$1 address=$2 simulator=$3 tool=$4 service told
+  local launcher=("${@:5}")
+  rm -f "$folder/simulator"
+  mkfifo "$folder/simulator"
+  "${launcher[@]}" "$simulator" --address "$address" --no-web --quiet --load 0.482 --settling 0 \
+    --exit-after 120s >"$folder/simulator" </dev/null &
+  service=$!
+  timeout 60 grep -q '^zelkad-sim: ready' "$folder/simulator" || failed "the simulator did not start"
+  told=$("${launcher[@]}" "$tool" --host "$address" --json weigh --stable </dev/null | tr -d ' \r\n') || true
+  kill -INT "$service" 2>/dev/null || true
+  wait "$service" || true
+  case $told in
+    '{"ok":true,"net":0.482,"tare":0'*'"unit":"kg","stable":true,'*) ;;
+    *) failed "tolvexctl weighed: $told" ;;
+  esac
+}

@@ -37,6 +37,9 @@ for program in tolvexctl zelkad-sim; do
   done
 done
 
+# The tool finds the library where the system keeps such things.
+XDG_STATE_HOME=$folder/state LD_LIBRARY_PATH="" tool_weighs "$folder" "$address" "$root/usr/bin/zelkad-sim" "$root/usr/bin/tolvexctl"
+
 # The sale, by CMake.
 cmake -S "$doc/tolvex-dev/examples/c/checkout" -B "$folder/checkout" -G Ninja -DCMAKE_PREFIX_PATH="$root/usr" \
   >"$folder/cmake.log" || { cat "$folder/cmake.log"; failed "CMake did not find it"; }

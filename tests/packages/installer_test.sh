@@ -66,6 +66,8 @@ bash "$checkout_test" "$example/play" "$folder/sale" "$address" \
   "$programs/bin/zelkad-sim.exe" "$folder/checkout.exe" "$programs/bin/tolvex_dll.dll" "$launcher"
 [ -s "$drive/VARN/Log/DLL_0.log" ] || failed "the library wrote no log"
 
+tool_weighs "$folder" "$address" "$programs/bin/zelkad-sim.exe" "$programs/bin/tolvexctl.exe" "$launcher"
+
 # An update leaves the settings as the user has them, whether changed or not, and what is not its own.
 printf '[zelkad]\r\nip_addr=127.73.1.9\r\n' >"$folder/changed.ini"
 cp "$folder/changed.ini" "$programs/bin/zelkad_ip_config.ini"

@@ -39,10 +39,6 @@ x86_64-w64-mingw32-gcc "$package/examples/ci/till_test.c" -o "$folder/till_test.
 bash "$package/examples/ci/pipeline" "$folder/ci" "$address" "$package/bin/zelkad-sim.exe" \
   "$folder/till_test.exe" "$package/bin/tolvex_dll.dll" "$launcher"
 
-# The sample of the address file is read as it is meant: its comments are none of its entries.
-cp "$package/config/zelkad_ip_config.ini" "$folder/sample.ini"
-sed -i "s/^ip_addr=127\.0\.0\.1/ip_addr=$address/" "$folder/sample.ini"
-cp "$folder/sample.ini" "$package/bin/zelkad_ip_config.ini"
-"$launcher" "$package/bin/tolvexctl.exe" --version | grep -q '^tolvexctl 3\.' || failed "tolvexctl does not start"
+tool_weighs "$folder" "$address" "$package/bin/zelkad-sim.exe" "$package/bin/tolvexctl.exe" "$launcher"
 rm -rf "$WINEPREFIX/drive_c/VARN"
 echo "the zip serves from nothing to a receipt"
