@@ -4,27 +4,17 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <regex>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
+#include "docs/pages.h"
+
+namespace tolvex::test {
 namespace {
 
 using Lines = std::set<std::string>;
-
-std::string textOf(const std::filesystem::path& path) {
-  std::ifstream file(path);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-std::filesystem::path source(const char* path) {
-  return std::filesystem::path(TOLVEX_SOURCE_FOLDER) / path;
-}
 
 std::vector<std::smatch> matches(const std::string& text, const std::regex& pattern) {
   return {std::sregex_iterator(text.begin(), text.end(), pattern), std::sregex_iterator()};
@@ -275,3 +265,4 @@ TEST(LogTable, HasTheMessagesOutsideTheLog) {
 }
 
 }  // namespace
+}  // namespace tolvex::test

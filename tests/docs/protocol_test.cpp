@@ -2,26 +2,16 @@
 // is shown for it, and answers as the document says.
 #include <array>
 #include <filesystem>
-#include <fstream>
 #include <functional>
 #include <map>
 #include <regex>
 #include <set>
-#include <sstream>
 
+#include "docs/pages.h"
 #include "support/library_test.h"
 
 namespace tolvex::test {
 namespace {
-
-std::string textOf(const std::filesystem::path& path) {
-  std::ifstream file(path);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
-
-const std::filesystem::path kSource = TOLVEX_SOURCE_FOLDER;
 
 struct Example {
   std::string call, request, reply;
@@ -29,7 +19,7 @@ struct Example {
 };
 
 std::vector<Example> examples() {
-  const std::string text = textOf(kSource / "docs/protocol.md");
+  const std::string text = textOf(source("docs/protocol.md"));
   const std::regex row(R"(\n\| `([^`]+)` \| `([^`]+)` \| `([^`]+)` \| (-?\d+) \|)");
   std::vector<Example> all;
   for (std::sregex_iterator match(text.begin(), text.end(), row), end; match != end; ++match) {
@@ -126,7 +116,7 @@ TEST_F(Protocol, EachExampleIsWhatTheLibrarySendsAndTakes) {
 
 // Which port a command goes to: each table is of one.
 TEST_F(Protocol, CommandsGoToThePortOfTheirTable) {
-  const std::string text = textOf(kSource / "docs/protocol.md");
+  const std::string text = textOf(source("docs/protocol.md"));
   const std::size_t weighing = text.find("\n## Weighing");
   const std::size_t printing = text.find("\n## Printing");
   ASSERT_LT(weighing, printing);
@@ -154,10 +144,10 @@ std::set<std::string> commandsIn(const std::string& text, const std::regex& patt
 TEST(ProtocolPage, HasEveryCommandOfTheLibrary) {
   const std::regex inCode(R"re((?:Envelope request|printing|printerCommand)\(\s*"(\w+)")re");
   std::set<std::string> sent =
-      commandsIn(textOf(kSource / "src/service/printer_commands.cpp"), inCode);
-  sent.merge(commandsIn(textOf(kSource / "src/service/weighing_commands.cpp"), inCode));
+      commandsIn(textOf(source("src/service/printer_commands.cpp")), inCode);
+  sent.merge(commandsIn(textOf(source("src/service/weighing_commands.cpp")), inCode));
   std::set<std::string> shown =
-      commandsIn(textOf(kSource / "docs/protocol.md"), std::regex(R"re(\{"cmd":"(\w+)")re"));
+      commandsIn(textOf(source("docs/protocol.md")), std::regex(R"re(\{"cmd":"(\w+)")re"));
   shown.erase("selftest");  // raw commands
   shown.erase("beep");
   EXPECT_EQ(shown, sent);
