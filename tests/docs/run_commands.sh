@@ -159,7 +159,7 @@ script_block() {
   local status=0
   {
     printf 'set -e\n%s\n%s\n' "${block//127.0.0.1/$address}" "$2"
-    printf 'kill -INT $(jobs -p)\nwait\n'
+    printf 'left=$(jobs -p)\n[ -z "$left" ] || kill -INT $left\nwait\n'
   } >"$folder/.script"
   timeout 120 bash -c '. "$1/.state"; . "$1/.script"' run "$folder" >"$folder/.output" 2>&1 </dev/null || status=$?
   [ "$status" = 0 ] || fail "$1" "the script ends with $status: $(cat "$folder/.output")"
