@@ -20,7 +20,7 @@ inline std::string toUtf8(const wchar_t* text) {
 inline std::wstring toUtf16(const std::string& utf8) {
   const auto length = static_cast<int>(utf8.size());
   const int size = ::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, nullptr, 0);
-  if (size <= 0) return L"";
+  if (size <= 0) return {};
   std::wstring text(static_cast<std::size_t>(size), L'\0');
   ::MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, text.data(), size);
   return text;
