@@ -7,6 +7,7 @@
 #include "api/call_frame.h"
 #include "log/nlog.h"
 #include "printing/drain.h"
+#include "printing/job_names.h"
 #include "service/result_codes.h"
 #include "service/vco_client_api.h"
 
@@ -14,23 +15,6 @@ namespace tolvex {
 namespace {
 
 // ---- Names ----
-
-struct JobName {
-  int jobType;
-  const char* name;
-};
-
-constexpr JobName kJobNames[] = {
-    {0, "0_Ticket"},        {2, "2_DOT_LBL"},
-    {4, "4_FEED"},          {7, "7_IMG_TKT"},
-    {8, "8_CUT"},           {80, "80_CALIB_LBL"},
-    {204, "204_IMG_LBL"},   {205, "205_DOT_LBL"},
-    {206, "206_FEED_AUTO"}, {208, "208_FEED_LBL"},
-    {105, "105_FP_CUT"},    {207, "207_FLP_CUT"},
-    {305, "305_FLLP_CUT"},  {104, "104_FP_FEED"},
-    {304, "304_FLLP_FEED"}, {90, "90_RESET_CALIB_LBL"},
-    {81, "81_CALIB_TKT"},   {91, "91_RESET_CALIB_TKT"},
-};
 
 // A name has 15 characters at most; a longer one is passed over.
 constexpr std::size_t kNameField = 16;

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/shield.h"
 #include "base/duration.h"
 #include "base/version.h"
 #include "commands/checks.h"
@@ -25,12 +26,14 @@ void addGlobals(CLI::App& app, Globals& globals) {
   app.add_flag("-v,--verbose", globals.verbose, "Tell on standard error what the library says");
   app.add_option("--host", globals.host, "IPv4 address of the service, instead of the INI file's")
       ->type_name("ADDRESS")
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
       ->check(addressCheck());
   app.add_option_function<std::string>(
          "--timeout",
          [&globals](const std::string& text) { globals.timeout = parseDuration(text); },
          "How long to wait for each answer: 500ms, 5s; the library waits up to 40 s")
       ->type_name("TIME")
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeLast)
       ->check(durationCheck());
   app.add_option("--library", globals.library,
                  "The library to use, instead of the one beside tolvexctl")
@@ -45,12 +48,13 @@ void addGlobals(CLI::App& app, Globals& globals) {
 
 std::unique_ptr<CLI::App> makeCommandLine(Globals& globals, Registry& registry) {
   auto app = std::make_unique<CLI::App>(kDescription, "tolvexctl");
-  app->fallthrough();  // global options stand anywhere
-  app->require_subcommand(1);
+  app->fallthrough();             // global options stand anywhere
+  app->require_subcommand(0, 1);  // none at all is told in our own words
   app->set_version_flag("--version", std::string("tolvexctl ") + version());
   app->footer(kFooter);
   addGlobals(*app, globals);
   addCommands(*app, registry);
+  takeShieldsOff(*app);
   return app;
 }
 

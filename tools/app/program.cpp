@@ -7,7 +7,9 @@
 
 #include "app/command_line.h"
 #include "app/output.h"
+#include "app/shield.h"
 #include "app/time_limit.h"
+#include "base/printable.h"
 #include "base/version.h"
 #include "platform/process.h"
 
@@ -18,6 +20,10 @@ namespace {
 bool asksForJson(const std::vector<std::string>& arguments) {
   const auto end = std::find(arguments.begin(), arguments.end(), "--");
   return std::find(arguments.begin(), end, "--json") != end;
+}
+
+std::string kindOf(const std::string& word) {
+  return word.rfind('-', 0) == 0 ? "option" : "command";
 }
 
 // --help, --version, or a command line that is wrong.
@@ -33,24 +39,41 @@ ExitCode explain(const CLI::App& app, const CLI::ParseError& error, Output& out)
     out.result({{"help", help.str()}}, help.str());
     return ExitCode::Fine;
   }
-  out.failure(
-      Failure(ExitCode::Usage, error.what(), "Run tolvexctl --help, or tolvexctl COMMAND --help."));
+  const bool isUnknown = dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr &&
+                         app.get_subcommands().empty() && !app.remaining().empty();
+  const std::string message = isUnknown ? "there is no " + kindOf(app.remaining().front()) + " \"" +
+                                              printable(app.remaining().front()) + "\""
+                                        : error.what();
+  out.failure(Failure(ExitCode::Usage, message,
+                      "tolvexctl --help lists commands and options, tolvexctl COMMAND --help those "
+                      "of a command."));
   return ExitCode::Usage;
+}
+
+// A command that has commands of its own needs one of them.
+Failure withoutCommand(const CLI::App& app) {
+  const auto given = app.get_subcommands();
+  const std::string word = given.empty() ? "" : given.front()->get_name() + " ";
+  return Failure(ExitCode::Usage, given.empty() ? "there is no command" : word + "needs a command",
+                 "tolvexctl " + word + "--help lists the commands.");
 }
 
 ExitCode run(std::vector<std::string> arguments, Output& out) {
   Globals globals;
   Registry registry;
   const auto app = makeCommandLine(globals, registry);
+  arguments = shielded(std::move(arguments));
   std::reverse(arguments.begin(), arguments.end());
   try {
     app->parse(std::move(arguments));
   } catch (const CLI::ParseError& error) {
     return explain(*app, error, out);
   }
+  const Action* const action = registry.chosen();
+  if (action == nullptr) throw withoutCommand(*app);
   Context context(globals, out);
   try {
-    const ExitCode exit = (*registry.chosen())(context);
+    const ExitCode exit = (*action)(context);
     if (globals.verbose) out.passOnLibraryMessages();
     return exit;
   } catch (...) {

@@ -13,6 +13,16 @@ void Registry::does(const CLI::App* command, Action action) {
   actions_.emplace_back(command, std::move(action));
 }
 
+void Registry::offers(const CLI::Option* option, std::vector<std::string> words) {
+  offered_[option] = std::move(words);
+}
+
+const std::vector<std::string>& Registry::offered(const CLI::Option* option) const {
+  static const std::vector<std::string> none;
+  const auto found = offered_.find(option);
+  return found != offered_.end() ? found->second : none;
+}
+
 const Action* Registry::chosen() const {
   for (const auto& [command, action] : actions_) {
     if (command->parsed()) return &action;

@@ -3,6 +3,7 @@
 
 #include <CLI/CLI.hpp>
 #include <functional>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -25,11 +26,16 @@ class Registry {
   /// What the command does once the command line is understood.
   void does(const CLI::App* command, Action action);
 
+  /// Words that the shell offers for an option or an argument, beside which others may be right.
+  void offers(const CLI::Option* option, std::vector<std::string> words);
+  const std::vector<std::string>& offered(const CLI::Option* option) const;
+
   /// The action of the command that was given, null when there is none.
   const Action* chosen() const;
 
  private:
   std::vector<std::pair<const CLI::App*, Action>> actions_;
+  std::map<const CLI::Option*, std::vector<std::string>> offered_;
 };
 
 }  // namespace tolvex::ctl

@@ -77,4 +77,13 @@ std::string printable(std::string_view text) {
   return out;
 }
 
+bool isUtf8(std::string_view text) {
+  while (!text.empty()) {
+    const Character character = firstCharacter(text);
+    if (character.value == kNoCharacter) return false;
+    text.remove_prefix(character.bytes);
+  }
+  return true;
+}
+
 }  // namespace tolvex::ctl

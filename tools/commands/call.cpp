@@ -30,6 +30,12 @@ struct CallOptions {
   std::vector<std::string> nulls;
 };
 
+std::vector<std::string> exportNames() {
+  std::vector<std::string> names;
+  for (const ExportRow& row : exportTable()) names.push_back(row.name);
+  return names;
+}
+
 ExitCode list(Output& out) {
   ordered_json value = {{"exports", ordered_json::array()}};
   std::string text;
@@ -133,6 +139,13 @@ ordered_json toJson(const ExportCall& call, const CallOutcome& outcome) {
   return value;
 }
 
+std::string explained(int code) {
+  const CodeText* const row = findCode(code);
+  std::string text = codeLine(code) + '\n';
+  if (row != nullptr) text += std::string("  ") + row->meaning + "\n  fix: " + row->remedy + '\n';
+  return text;
+}
+
 std::string toText(const ExportCall& call, const CallOutcome& outcome, const ordered_json& value) {
   const CallVerdict verdict = verdictOf(call, outcome);
   std::string text = toText(call) + " -> " + std::to_string(outcome.value);
@@ -140,7 +153,7 @@ std::string toText(const ExportCall& call, const CallOutcome& outcome, const ord
     text += std::string(" ") + verdict.meaning->name + ": " + verdict.meaning->meaning;
   }
   text += '\n';
-  if (outcome.value == TOLVEX_FAILED) text += "  last error: " + codeLine(outcome.lastError) + '\n';
+  if (outcome.value == TOLVEX_FAILED) text += "  last error: " + explained(outcome.lastError);
   for (const auto& [name, buffer] : value["buffers"].items()) {
     text += "  " + name + ": \"" + printable(buffer["text"].get<std::string>()) + "\"\n";
     if (buffer["hex"] != "") text += "    " + buffer["hex"].get<std::string>() + '\n';
@@ -172,9 +185,12 @@ void addCall(CLI::App& app, Registry& registry) {
   CLI::App* const command =
       Registry::addCommand(app, "call", "Call any export of the library", kExamples);
   auto options = std::make_shared<CallOptions>();
-  command
-      ->add_option("words", options->words, "The export and its arguments; + begins a further call")
-      ->type_name("EXPORT ARG...");
+  CLI::Option* const words =
+      command
+          ->add_option("EXPORT", options->words,
+                       "The export and its arguments; + begins a further call")
+          ->option_text("ARG...");
+  registry.offers(words, exportNames());
   command->add_option("--null", options->nulls, "Parameter to pass null for, by its name")
       ->type_name("NAME")
       ->allow_extra_args(false);

@@ -11,7 +11,17 @@ void addCommands(CLI::App& app, Registry& registry) {
   addLog(app, registry);
   addExplain(app, registry);
   addWeigh(app, registry);
+  addInfo(app, registry);
+  addScaleCommands(app, registry);
+  addPrint(app, registry);
+  addImage(app, registry);
+  addPaperCommands(app, registry);
+  addPrinters(app, registry);
+  addStatus(app, registry);
+  addSettings(app, registry);
+  addRaw(app, registry);
   addCall(app, registry);
+  addCompletion(app, registry);
 }
 
 }  // namespace tolvex::ctl

@@ -8,6 +8,7 @@ Service::Service(const Library& library, const Globals& globals, Output& output)
     : library_(library),
       globals_(globals),
       output_(output),
+      limit_(globals.timeout),
       lastError_(library.get(TOLVEX_EXPORT(getLastErrCode))) {
   const std::string address = addressToSet(globals);
   if (address.empty()) return;

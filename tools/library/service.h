@@ -3,7 +3,9 @@
 
 #include <exports.h>
 
+#include <chrono>
 #include <memory>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <type_traits>
@@ -30,10 +32,13 @@ class Service {
   /// Tells the library the service's address first of all, where one is to be told.
   Service(const Library& library, const Globals& globals, Output& output);
 
+  /// From now on waits so long for each call, whatever --timeout says.
+  void waitAtMost(std::chrono::milliseconds limit) { limit_ = limit; }
+
   /// Does what calls an export and gives what that returned.
   template <typename Work>
   Answer perform(Work work) {
-    return finished(within(globals_.timeout, [work = std::move(work), lastError = lastError_] {
+    return finished(within(limit_, [work = std::move(work), lastError = lastError_] {
       Answer answer;
       answer.value = work();
       answer.lastError = lastError();
@@ -101,6 +106,7 @@ class Service {
   const Library& library_;
   const Globals& globals_;
   Output& output_;
+  std::optional<std::chrono::milliseconds> limit_;
   int (*lastError_)();
 };
 

@@ -1,0 +1,184 @@
+// `tolvexctl call`, which reaches every export.
+#include <algorithm>
+#include <fstream>
+#include <regex>
+#include <set>
+#include <sstream>
+
+#include "tools/support/tool_test.h"
+
+namespace tolvex::test {
+namespace {
+
+// The names and parameters that the header declares, found without what the program finds them by.
+struct Declaration {
+  std::string name;
+  std::vector<std::string> parameters;
+};
+
+std::vector<Declaration> declarations() {
+  std::ifstream file(TOLVEX_HEADER);
+  std::stringstream text;
+  text << file.rdbuf();
+  const std::string header = text.str();
+  static const std::regex declaration(R"(TOLVEX_API int (\w+)\(([^)]*)\);)");
+  std::vector<Declaration> all;
+  for (std::sregex_iterator found(header.begin(), header.end(), declaration), end; found != end;
+       ++found) {
+    Declaration one{(*found)[1], {}};
+    std::stringstream parameters((*found)[2]);
+    for (std::string parameter; std::getline(parameters, parameter, ',');) {
+      if (parameter != "void") one.parameters.push_back(parameter);
+    }
+    all.push_back(one);
+  }
+  return all;
+}
+
+// An argument for each parameter that takes one.
+std::vector<std::string> argumentsFor(const Declaration& declaration) {
+  std::vector<std::string> words = {declaration.name};
+  for (const std::string& parameter : declaration.parameters) {
+    const bool isBuffer = parameter.find("char *") != std::string::npos &&
+                          parameter.find("const") == std::string::npos;
+    if (parameter.find("const char *path") != std::string::npos) {
+      words.emplace_back(LOGO);
+    } else if (parameter.find("const char *ip") != std::string::npos) {
+      words.push_back(ownAddress());
+    } else if (parameter.find("module") != std::string::npos) {
+      words.emplace_back("print");
+    } else if (parameter.find("printerName") != std::string::npos) {
+      words.emplace_back("Label");
+    } else if (parameter.find("command") != std::string::npos) {
+      words.emplace_back("checkConnection");
+    } else if (parameter.find("size") != std::string::npos) {
+      words.emplace_back("2048");
+    } else if (parameter.find("fontSize") != std::string::npos) {
+      words.emplace_back("28");
+    } else if (parameter.find("width") != std::string::npos) {
+      words.emplace_back("58");
+    } else if (parameter.find("wait") != std::string::npos) {
+      words.emplace_back("20000");
+    } else if (!isBuffer || parameter.find("text") != std::string::npos) {
+      words.emplace_back("1");
+    }
+  }
+  return words;
+}
+
+class Call : public DeviceTest {};
+
+TEST_F(Call, ListsExactlyWhatTheHeaderDeclares) {
+  std::vector<std::string> declared;
+  for (const Declaration& declaration : declarations()) declared.push_back(declaration.name);
+  std::vector<std::string> listed;
+  for (const auto& row : ToolTest::json({"call", "--list"}, 0)["exports"]) {
+    listed.push_back(row["name"]);
+  }
+  EXPECT_EQ(declared.size(), 121u);
+  EXPECT_EQ(listed, declared);
+}
+
+// In one process: + begins the next call. What fails by design ends the chain, so it comes last.
+TEST_F(Call, ReachesEveryExport) {
+  const std::set<std::string> failing = {"PrintLabelImage", "PrintLabelImage_stdcall"};
+  Words words = {"call"};
+  std::vector<std::string> wanted;
+  for (const Declaration& declaration : declarations()) {
+    if (failing.count(declaration.name) != 0) continue;
+    if (!wanted.empty()) words.emplace_back("+");
+    wanted.push_back(declaration.name);
+    const auto call = argumentsFor(declaration);
+    words.insert(words.end(), call.begin(), call.end());
+  }
+  const ordered_json value = json(words, 0);
+  std::vector<std::string> called;
+  for (const auto& call : value["calls"]) called.push_back(call["export"]);
+  EXPECT_EQ(called, wanted);
+  for (const std::string& name : failing) {
+    EXPECT_EQ(json({"call", name}, 1)["calls"][0]["result"], 255) << name;
+  }
+}
+
+TEST_F(Call, ShowsBuffersAsTextAndAsHex) {
+  const Finished finished = tolvexctl({"call", "GetPrinterList", "256"});
+  EXPECT_EQ(finished.exitCode, 0);
+  EXPECT_EQ(finished.out,
+            "GetPrinterList(buffer, size = 256) -> 240 TOLVEX_OK: The function did what it was "
+            "called for.\n"
+            "  buffer: \"Label,Ticket,Third\"\n"
+            "    4c 61 62 65 6c 2c 54 69 63 6b 65 74 2c 54 68 69 72 64\n");
+}
+
+TEST_F(Call, DecodesRecords) {
+  simulator.type("load 1.5");
+  const ordered_json weight = json({"call", "read_standard"}, 0)["calls"][0]["buffers"]["record"];
+  EXPECT_EQ(weight["hex"], "01 30 31 2e 35 30 30 30 50 30 30 2e 30 30 30 30");
+  EXPECT_EQ(weight["record"]["net"], 1.5);
+  const ordered_json info = json({"call", "read_baseinfo"}, 0)["calls"][0]["buffers"]["record"];
+  EXPECT_EQ(info["record"]["max_tare"], 6.0);
+}
+
+TEST_F(Call, ExplainsTheResultAndTheErrorBehindIt) {
+  const Finished finished = tolvexctl({"call", "printBlanks", "0"});
+  EXPECT_EQ(finished.exitCode, 4);
+  EXPECT_NE(finished.out.find("-> 255 TOLVEX_FAILED: "), std::string::npos) << finished.out;
+  EXPECT_NE(finished.out.find("last error: 2 INVALID_PARAM (Invalid Param)\n"), std::string::npos);
+  simulator.type("load 100");
+  const ordered_json call = json({"call", "read_standard"}, 4)["calls"][0];
+  EXPECT_EQ(call["result"], -2);
+  EXPECT_EQ(call["name"], "TOLVEX_OVER_LOAD");
+}
+
+TEST_F(Call, PassesNullWhereItIsAskedTo) {
+  const ordered_json call = json({"call", "read_standard", "--null", "record"}, 1)["calls"][0];
+  EXPECT_EQ(call["result"], 255);
+  EXPECT_EQ(json({"call", "PrintText", "28", "--null", "text"}, 1)["calls"][0]["result"], 255);
+}
+
+TEST_F(Call, TakesWordsThatLookLikeOptionsOrLists) {
+  EXPECT_EQ(tolvexctl({"call", "printTextById", "[a,b]", "28", "1"}).out.substr(0, 30),
+            "printTextById(text = \"[a,b]\", ");
+  EXPECT_EQ(tolvexctl({"call", "printTextById", "--", "--json", "28", "1"}).out.substr(0, 31),
+            "printTextById(text = \"--json\", ");
+}
+
+class CallRefusal : public ToolTest {
+ protected:
+  std::string message(const Words& words) {
+    Words all = {"call"};
+    all.insert(all.end(), words.begin(), words.end());
+    const ordered_json error = json(all, 2)["error"];
+    remedy = error["remedy"];
+    return error["message"];
+  }
+  std::string remedy;
+};
+
+TEST_F(CallRefusal, NamesTheSignatureForAWrongNumberOfArguments) {
+  EXPECT_EQ(message({"PrintText", "Hello"}), "PrintText lacks its argument fontSize");
+  EXPECT_EQ(remedy.substr(0, remedy.find(')')),
+            "It is declared as int PrintText(const char *text, unsigned int fontSize");
+  EXPECT_EQ(message({"cutPaper", "1"}), "cutPaper takes no further argument \"1\"");
+}
+
+TEST_F(CallRefusal, NamesTheSignatureForAWrongKindOfArgument) {
+  EXPECT_EQ(message({"PrintText", "Hello", "big"}),
+            "\"big\" is no whole number from 0 to 4294967295 for fontSize of PrintText");
+  EXPECT_EQ(message({"GetPrinterList", "2000000"}),
+            "\"2000000\" is no whole number from 0 to 1048576 for size of GetPrinterList");
+  EXPECT_EQ(message({"setHighResWeightMode", "2147483648"}),
+            "\"2147483648\" is no whole number from -2147483648 to 2147483647 for on of "
+            "setHighResWeightMode");
+  EXPECT_EQ(message({"cutPaper", "--null", "paper"}), "cutPaper has no text or buffer \"paper\"");
+}
+
+TEST_F(CallRefusal, OffersTheNameThatWasMeant) {
+  EXPECT_EQ(message({"printtxt"}), "the library has no export \"printtxt\"");
+  EXPECT_EQ(remedy.substr(0, remedy.find('?')), "Did you mean PrintText");
+  EXPECT_EQ(message({}), "call needs the name of an export");
+  EXPECT_EQ(message({"cutPaper", "+"}), "there is no export beside a +");
+}
+
+}  // namespace
+}  // namespace tolvex::test

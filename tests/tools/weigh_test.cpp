@@ -1,0 +1,96 @@
+#include "tools/support/tool_test.h"
+
+namespace tolvex::test {
+namespace {
+
+class Weigh : public DeviceTest {};
+
+TEST_F(Weigh, TellsTheWeightInTheUnitOfTheScale) {
+  simulator.type("load 0.482");
+  const Finished finished = tolvexctl({"weigh"});
+  EXPECT_EQ(finished.exitCode, 0);
+  EXPECT_EQ(finished.out, "net 0.482 kg, tare 0 kg, stable\n");
+  EXPECT_EQ(finished.err, "");
+}
+
+TEST_F(Weigh, TellsTheWeightAsJson) {
+  simulator.type("load 0.482");
+  simulator.type("tare 0.1");
+  const ordered_json expected = {{"ok", true},         {"net", 0.382},   {"tare", 0.1},
+                                 {"unit", "kg"},       {"stable", true}, {"at_zero", false},
+                                 {"tare_active", true}};
+  EXPECT_EQ(json({"weigh"}, 0), expected);
+}
+
+TEST_F(Weigh, SaysInWordsWhyThereIsNoWeight) {
+  simulator.type("load 100");
+  const Finished overLoad = tolvexctl({"weigh"});
+  EXPECT_EQ(overLoad.exitCode, 4);
+  EXPECT_EQ(overLoad.out, "");
+  EXPECT_EQ(
+      overLoad.err,
+      "tolvexctl: cannot weigh: 1004 OVER_LOAD (Over Load): There is more on the scale than it "
+      "can weigh.\nfix: Take the load off at once and weigh it in parts.\n");
+  simulator.type("load -100");
+  EXPECT_EQ(json({"weigh"}, 4)["error"]["name"], "UNDER_LOAD");
+  simulator.type("empty");
+  simulator.type("invalid on");
+  EXPECT_EQ(json({"weigh"}, 4)["error"]["name"], "INVALID_WEIGHT");
+  simulator.type("invalid off");
+  simulator.type("unplug");
+  EXPECT_EQ(json({"weigh"}, 4)["error"]["name"], "LC_NOT_CONNECTED");
+}
+
+TEST_F(Weigh, GivesEachOfManyReadingsALine) {
+  simulator.type("load 0.25");
+  const Finished finished = tolvexctl({"weigh", "--count", "2", "--interval", "1ms", "--json"});
+  const std::string line =
+      R"({"ok":true,"net":0.25,"tare":0.0,"unit":"kg","stable":true,"at_zero":false,"tare_active":false})"
+      "\n";
+  EXPECT_EQ(finished.exitCode, 0);
+  EXPECT_EQ(finished.out, line + line);
+  EXPECT_EQ(finished.err, "");
+}
+
+TEST_F(Weigh, WatchesOnWhileThereIsNoWeight) {
+  Child child(command(withHost({"weigh", "--watch", "--interval", "10ms"})), with({}));
+  EXPECT_EQ(child.readLine(), "net 0 kg, tare 0 kg, stable, at zero");
+  simulator.type("load 100");
+  std::optional<std::string> line;
+  do {
+    line = child.readLine();
+  } while (line == "net 0 kg, tare 0 kg, stable, at zero");
+  EXPECT_EQ(line, "1004 OVER_LOAD (Over Load)");
+  simulator.type("load 1.5");
+  do {
+    line = child.readLine();
+  } while (line == "1004 OVER_LOAD (Over Load)");
+  EXPECT_EQ(line, "net 1.5 kg, tare 0 kg, stable");
+  child.kill();
+}
+
+TEST_F(Weigh, WaitsForAStableWeight) {
+  simulator.type("load 0.5");
+  simulator.type("unstable on");
+  EXPECT_EQ(tolvexctl({"weigh"}).out.find(", not stable") != std::string::npos, true);
+  const Finished late =
+      tolvexctl({"weigh", "--stable", "--timeout", "300ms", "--interval", "50ms"});
+  EXPECT_EQ(late.exitCode, 4);
+  EXPECT_EQ(late.err.substr(0, late.err.find(':', 11)),
+            "tolvexctl: no stable weight within 300 ms");
+  Child child(command(withHost({"weigh", "--stable", "--timeout", "50s", "--interval", "10ms"})),
+              with({}));
+  simulator.type("unstable off");
+  const Finished finished = child.finish();
+  EXPECT_EQ(finished.exitCode, 0) << finished.err;
+  EXPECT_EQ(finished.out, "net 0.5 kg, tare 0 kg, stable\n");
+}
+
+TEST_F(Weigh, ReadsInHighResolution) {
+  simulator.type("load 0.4823");
+  EXPECT_EQ(json({"weigh"}, 0)["net"], 0.482);
+  EXPECT_EQ(json({"weigh", "--high-res"}, 0)["net"], 0.4823);
+}
+
+}  // namespace
+}  // namespace tolvex::test
