@@ -76,7 +76,7 @@ class JsonMasker {
  private:
   void string() {
     std::size_t end = 1;
-    while (end < rest_.size() && rest_[end] != '"') end += rest_[end] == '\\' ? 2 : 1;
+    while (end < rest_.size() && rest_[end] != '"') end += rest_[end] == '\\' ? 2U : 1U;
     const bool closed = end < rest_.size();
     const std::string_view raw = rest_.substr(1, closed ? end - 1 : std::string_view::npos);
     rest_.remove_prefix(closed ? end + 1 : rest_.size());
