@@ -98,10 +98,12 @@ void addDoctor(CLI::App& app, Registry& registry) {
       app, "doctor", "Find out what is wrong, layer by layer, and how to mend it", kExamples);
   const auto options = std::make_shared<Options>();
   command->add_flag("--fix", options->doctor.fix, "Make the log folder if it is missing");
-  command->add_option("--skip", options->doctor.skip, "Leave layers out, several with commas")
-      ->delimiter(',')
-      ->type_name("LAYER")
-      ->check(CLI::IsMember(layerNames()));
+  CLI::Option* const skip =
+      command->add_option("--skip", options->doctor.skip, "Leave layers out, several with commas")
+          ->delimiter(',')
+          ->type_name("LAYER")
+          ->check(CLI::IsMember(layerNames()));
+  registry.offers(skip, layerNames());
   CLI::Option* const bundle =
       command
           ->add_option("--bundle", options->bundle,

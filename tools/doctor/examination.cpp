@@ -41,8 +41,8 @@ bool isLogEmpty(const std::vector<LogFile>& files) {
                      [](const LogFile& file) { return file.size == 0; });
 }
 
-// The finding that a call of the library ends with when it can not go on.
-Finding outcomeOf(const Failure& failure) {
+// Something on this machine that keeps a layer from being examined.
+Finding localTrouble(const Failure& failure) {
   Finding finding = failed(failure.what(), failure.remedy, failure.exit);
   finding.code = failure.code;
   return finding;
@@ -78,6 +78,20 @@ std::vector<std::string> layerNames() {
   return names;
 }
 
+Finding outcomeOf(const std::string& who, const Failure& failure) {
+  Finding finding = failed(failure.what(), failure.remedy, failure.exit);
+  finding.code = failure.code;
+  // Only the time limit ends a call without a code.
+  if (!failure.code && failure.exit == ExitCode::Unreachable) {
+    finding.code = TOLVEX_RESULT_SOCKET_INTERRUPT;
+    finding.text = who + ": " + failure.what();
+    finding.fix =
+        "Restart the service, and read its own log. Until then such a command of an "
+        "application takes 40 s.";
+  }
+  return finding;
+}
+
 Examination::Examination(Context& context, const DoctorOptions& options)
     : context_(context), options_(options), globals_(context.globals) {
   if (!globals_.timeout) globals_.timeout = kUsualLimit;
@@ -111,7 +125,8 @@ Examination::Findings Examination::library() {
   try {
     const Library& library = context_.library();
     const std::string libraryVersion = library.version();
-    findings.push_back(fine(library.path() + ", version " + libraryVersion + ", x64, loads"));
+    const std::string shown = libraryVersion.empty() ? "unknown" : libraryVersion;
+    findings.push_back(fine(library.path() + ", version " + shown + ", x64, loads"));
     findings.back().facts = {{"path", library.path()}, {"version", libraryVersion}};
     const std::string missing = missingExports(library);
     if (!missing.empty()) {
@@ -122,12 +137,12 @@ Examination::Findings Examination::library() {
           fine("all " + std::to_string(exportTable().size()) + " exports are there"));
     }
     if (libraryVersion != version()) {
-      findings.push_back(warning(
-          "tolvexctl is version " + std::string(version()) + ", the library " + libraryVersion,
-          "Install library and tolvexctl of one version."));
+      findings.push_back(
+          warning("tolvexctl is version " + std::string(version()) + ", the library " + shown,
+                  "Install library and tolvexctl of one version."));
     }
   } catch (const Failure& failure) {
-    findings.push_back(outcomeOf(failure));
+    findings.push_back(localTrouble(failure));
   }
   return findings;
 }
@@ -142,7 +157,7 @@ Examination::Findings Examination::address() {
     return addressFromIni(globals_.app.empty() ? folderOf(tolvex::platform::hostExecutableUtf8())
                                                : applicationFolder(globals_.app));
   } catch (const Failure& failure) {
-    return {outcomeOf(failure)};
+    return {localTrouble(failure)};
   }
 }
 

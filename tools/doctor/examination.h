@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "app/context.h"
+#include "doctor/probe.h"
 #include "doctor/report.h"
 
 namespace tolvex::ctl {
@@ -19,6 +20,9 @@ struct DoctorOptions {
 
 // The names of the layers, in their order.
 std::vector<std::string> layerNames();
+
+// What a call of the library that could not go on says about `who`: "the scale".
+Finding outcomeOf(const std::string& who, const Failure& failure);
 
 // Looks at everything from the library to the printers. A layer that fails is the last one that is
 // looked at: what builds on it is marked as skipped. Asks the devices only how they are; nothing is
@@ -48,7 +52,9 @@ class Examination {
 
   Findings addressFromIni(const std::string& folder);
   std::string whereToCorrect() const;
-  Finding port(const char* use, unsigned short number);
+  Finding port(const char* use, unsigned short number, const PortProbe& probe, bool none) const;
+  Finding openPort(const std::string& where, double taken) const;
+  Finding closedPort(const std::string& where, const PortProbe& probe, bool none) const;
   Finding answer(const char* use, unsigned short number, const char* request);
   Finding answerOfLibrary();
   Finding serviceVersion();

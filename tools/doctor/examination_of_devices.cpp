@@ -24,17 +24,6 @@ const char* useOf(unsigned type) {
   }
 }
 
-// A failure of one command as a finding.
-Finding findingOf(const Failure& failure) {
-  Finding finding = failed(failure.what(), failure.remedy, failure.exit);
-  finding.code = failure.code;
-  // Only the time limit ends a call without a code.
-  if (!failure.code && failure.exit == ExitCode::Unreachable) {
-    finding.code = TOLVEX_RESULT_SOCKET_INTERRUPT;
-  }
-  return finding;
-}
-
 std::string rangesOf(const tolvex_base_info& info) {
   std::string text;
   for (std::size_t i = 0; i < std::size(info.max_range); ++i) {
@@ -68,7 +57,7 @@ Examination::Findings Examination::scale() {
       findings.back().facts = toJson(base);
     }
   } catch (const Failure& failure) {
-    findings.push_back(findingOf(failure));
+    findings.push_back(outcomeOf("the scale", failure));
     const CodeText* const row = failure.code ? findCode(*failure.code) : nullptr;
     if (row != nullptr)
       findings.back().text = std::string("no weight from the scale: ") + row->text;
@@ -90,7 +79,7 @@ Examination::Findings Examination::printers() {
     findings.back().facts = {{"printers", list}};
     for (const unsigned type : kPrinterTypes) findings.push_back(printerStatus(type));
   } catch (const Failure& failure) {
-    findings.push_back(findingOf(failure));
+    findings.push_back(outcomeOf("the printers", failure));
   }
   return findings;
 }

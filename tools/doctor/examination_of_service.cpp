@@ -55,65 +55,66 @@ std::string Examination::whereToCorrect() const {
 }
 
 Examination::Findings Examination::ports() {
-  Findings findings = {port("weighing", kWeighingPort), port("printing", kPrintingPort)};
-  const auto isFine = [](const Finding& finding) { return finding.mark != Mark::Failed; };
-  const bool none = std::none_of(findings.begin(), findings.end(), isFine);
-  if (none && address_ != kThisMachine && answersHere(*globals_.timeout)) {
+  const PortProbe weighing = probePort(address_, kWeighingPort, *globals_.timeout);
+  const PortProbe printing = probePort(address_, kPrintingPort, *globals_.timeout);
+  const bool none = weighing.state == PortState::Refused && printing.state == PortState::Refused;
+  Findings findings = {port("weighing", kWeighingPort, weighing, none),
+                       port("printing", kPrintingPort, printing, none)};
+  const bool open = weighing.state == PortState::Open || printing.state == PortState::Open;
+  if (!open && address_ != kThisMachine && answersHere(*globals_.timeout)) {
     findings.push_back(info("a service does listen on this machine, at 127.0.0.1",
                             "If that is the one, " + whereToCorrect() + "."));
   }
   return findings;
 }
 
-Finding Examination::port(const char* use, unsigned short number) {
-  const PortProbe probe = probePort(address_, number, *globals_.timeout);
-  const std::string where = place(use, number);
-  const std::string address = address_ + " (" + source_ + ")";
-  Finding finding;
-  switch (probe.state) {
-    case PortState::Open:
-      finding =
-          fine("port for " + where + " can be reached in " + milliseconds(probe.milliseconds));
-      if (probe.milliseconds > kConnectLimit) {
-        finding =
-            failedWith(TOLVEX_RESULT_SOCKET_INTERRUPT,
-                       "port for " + where + " is reached only after " +
-                           milliseconds(probe.milliseconds) + ", the library waits for 1 s",
-                       "Look for what slows the network down on the way to " + address_ + ".");
-      }
-      break;
-    case PortState::Refused:
-      finding = failedWith(TOLVEX_RESULT_SOCKET_INTERRUPT,
-                           "the service is not running: nothing listens on the port for " + where,
-                           "Start the service (zelkad) at " + address + ". If it runs elsewhere, " +
-                               whereToCorrect() + ".");
-      break;
-    case PortState::TimedOut:
-      finding = failedWith(
-          TOLVEX_RESULT_SOCKET_INTERRUPT,
-          "no answer from the port for " + where + " within " + toText(*globals_.timeout),
-          "Look whether the address " + address + " is right (if not, " + whereToCorrect() +
-              "), whether that machine is on, and whether a "
-              "firewall keeps ports 53264 and 53265 closed.");
-      break;
-    case PortState::Unreachable:
-      finding = failedWith(
-          TOLVEX_RESULT_SOCKET_INTERRUPT, "no way through the network to the port for " + where,
-          "Look whether the address " + address + " is right (if not, " + whereToCorrect() +
-              "), and whether this machine is connected to "
-              "that network.");
-      break;
-    case PortState::Trouble:
-      finding = failedWith(
-          TOLVEX_RESULT_SOCKET_INTERRUPT,
-          "the port for " + where + " can not be tried (socket error " +
-              std::to_string(probe.error) + ")",
-          "Look whether the address " + address + " is right; if not, " + whereToCorrect() + ".");
-      break;
-  }
+Finding Examination::port(const char* use, unsigned short number, const PortProbe& probe,
+                          bool none) const {
+  const std::string where = "the port for " + place(use, number);
+  Finding finding = probe.state == PortState::Open ? openPort(where, probe.milliseconds)
+                                                   : closedPort(where, probe, none);
   finding.facts["port"] = number;
   finding.facts["connect_ms"] = probe.milliseconds;
   return finding;
+}
+
+Finding Examination::openPort(const std::string& where, double taken) const {
+  if (taken <= kConnectLimit) return fine(where + " can be reached in " + milliseconds(taken));
+  return failedWith(
+      TOLVEX_RESULT_SOCKET_INTERRUPT,
+      where + " is reached only after " + milliseconds(taken) + ", the library waits for 1 s",
+      "Look for what slows the network down on the way to " + address_ + ".");
+}
+
+Finding Examination::closedPort(const std::string& where, const PortProbe& probe, bool none) const {
+  const std::string address = address_ + " (" + source_ + ")";
+  const std::string right =
+      "Look whether the address " + address + " is right (if not, " + whereToCorrect() + ")";
+  std::string text;
+  std::string fix;
+  switch (probe.state) {
+    case PortState::Refused:
+      text = (none ? "the service is not running: nothing listens on " : "nothing listens on ") +
+             where;
+      fix = (none ? "Start the service (zelkad) at " : "Restart the service (zelkad) at ") +
+            address + ". If it runs elsewhere, " + whereToCorrect() + ".";
+      break;
+    case PortState::TimedOut:
+      text = "no answer from " + where + " within " + toText(*globals_.timeout);
+      fix = right +
+            ", whether that machine is on, and whether a firewall keeps ports 53264 and "
+            "53265 closed.";
+      break;
+    case PortState::Unreachable:
+      text = "no way through the network to " + where;
+      fix = right + ", and whether this machine is connected to that network.";
+      break;
+    default:
+      text = where + " can not be tried (socket error " + std::to_string(probe.error) + ")";
+      fix = right + '.';
+      break;
+  }
+  return failedWith(TOLVEX_RESULT_SOCKET_INTERRUPT, text, fix);
 }
 
 Examination::Findings Examination::service() {
@@ -126,8 +127,7 @@ Examination::Findings Examination::service() {
     findings.push_back(answerOfLibrary());
     if (findings.back().mark != Mark::Failed) findings.push_back(serviceVersion());
   } catch (const Failure& failure) {
-    findings.push_back(failed(failure.what(), failure.remedy, failure.exit));
-    findings.back().code = TOLVEX_RESULT_SOCKET_INTERRUPT;
+    findings.push_back(outcomeOf("the service", failure));
   }
   return findings;
 }

@@ -78,7 +78,14 @@ std::string toText(const LogRecord& record, const Output& out) {
          out.paint(colourOf(record.level), level + module + ": ") + shownText(record.text) + '\n';
 }
 
-void show(Output& out, const LogRecord& record) { out.line(toJson(record), toText(record, out)); }
+// A long log is shown record by record: only what goes out is made.
+void show(Output& out, const LogRecord& record) {
+  if (out.json()) {
+    out.line(toJson(record), "");
+  } else {
+    out.line({}, toText(record, out));
+  }
+}
 
 // Shows what is there. Returns whether that was as much as was asked for.
 bool showPast(Output& out, const Options& options, const std::vector<LogFile>& files,
