@@ -139,7 +139,7 @@ TEST_F(RingTest, FollowsWhatIsAppended) {
 }
 
 TEST_F(RingTest, FollowsIntoNewFilesAndThroughEmptying) {
-  write("DLL_0.log", {line(1, "a rather long record")});
+  write("DLL_0.log", {line(1, "a record that is longer than all that comes after the emptying")});
   LogFollower follower({folder_.path()}, findLogFiles({folder_.path()}));
   write("DLL_1.log", {line(2, "in a new file")});
   follower.poll();

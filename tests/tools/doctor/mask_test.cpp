@@ -96,7 +96,7 @@ TEST(MaskLogLine, TakesTheFirstWordsOfTheLibraryInALine) {
 }
 
 TEST(MaskLogLine, KeepsWhatTellsWhatWentWrong) {
-  for (const std::string& message :
+  for (const char* message :
        {"[shop][BeginPrint] 0_Ticket Err when printing, ret:2006", "[cutPaper] Err: 2005",
         "[DLL] setting Server IP from zelkad_ip_config.ini file, IP: 10.1.2.3",
         "======= tolvex_dll V3.0.3.2  ================", "[shop][send_pre_tare] Enter 0.500",
