@@ -21,7 +21,7 @@ git_files CMakeLists.txt CMakePresets.json cmake src sim tools examples packagin
   cd "$elsewhere"
   export CCACHE_DISABLE=1
   cmake --preset $preset -DTOLVEX_BUILD_TESTS=OFF -DTOLVEX_BUILD_BENCH=OFF >/dev/null
-  cmake --build --preset $preset --target tolvex_dll >build.log || { cat build.log; exit 1; }
+  cmake --build --preset $preset --target tolvex_dll -j 2 >build.log || { cat build.log; exit 1; }
 )
 again=$elsewhere/build/$preset
 # What was not compiled again is taken from the first build.
