@@ -42,7 +42,9 @@ check_tolvexctl() {
   done
   help_of "$build/bin/tolvexctl"
   all=$help
-  if [ -n "$command" ]; then
+  if [[ $command =~ ^[A-Z]+$ ]]; then
+    return # stands for any
+  elif [ -n "$command" ]; then
     if ! grep -qE "^ +$command( |,|$)" <<<"$all"; then
       complain "there is no command $command"
       return
