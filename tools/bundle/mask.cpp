@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "logs/utf8.h"
+#include "base/printable.h"
 
 namespace tolvex::ctl {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "logs/utf8.h"
+#include "base/printable.h"
 #include "platform/text_encoding.h"
 
 namespace tolvex::ctl {

@@ -32,13 +32,4 @@ std::size_t utf8CharacterSize(std::string_view bytes) {
   return size;
 }
 
-bool isUtf8(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const std::size_t size = utf8CharacterSize(bytes);
-    if (size == 0) return false;
-    bytes.remove_prefix(size);
-  }
-  return true;
-}
-
 }  // namespace tolvex::ctl
