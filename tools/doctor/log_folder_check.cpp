@@ -17,6 +17,11 @@ constexpr char kTrialName[] = "tolvexctl-doctor.tmp";
 constexpr char kTrialText[] = "tolvexctl doctor tries whether it can write here.\n";
 constexpr std::uintmax_t kLittleSpace = 64u << 20;  // the ring alone takes 50 MiB
 
+bool isFolder(const fs::path& path) {
+  std::error_code ignored;
+  return fs::is_directory(path, ignored);
+}
+
 std::string reasonOf(int error) {
   return error != 0 ? std::generic_category().message(error) : "the system does not tell why";
 }
@@ -90,15 +95,14 @@ std::vector<Finding> examineFolder(const std::string& folder) {
 
 std::vector<Finding> checkLogFolder(const std::string& folder, bool mend) {
   const fs::path path = fs::u8path(folder.substr(0, folder.find_last_not_of("/\\") + 1));
+  if (isFolder(path)) return examineFolder(folder);
   std::error_code error;
-  if (fs::is_directory(path, error)) return examineFolder(folder);
-  error.clear();
   // Where the library makes its folder itself, being asked for it was the attempt.
   if (mend || fs::path::preferred_separator == '/') {
     fs::create_directories(path, error);
-    if (!error && !fs::is_directory(path)) error = std::make_error_code(std::errc::not_a_directory);
+    if (!error && !isFolder(path)) error = std::make_error_code(std::errc::not_a_directory);
   }
-  if (error || !fs::is_directory(path)) return {missing(folder, error)};
+  if (!isFolder(path)) return {missing(folder, error)};
   std::vector<Finding> findings = {info("the log folder " + folder + " was missing and is made")};
   for (Finding& finding : examineFolder(folder)) findings.push_back(std::move(finding));
   return findings;

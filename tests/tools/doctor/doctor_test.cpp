@@ -299,13 +299,18 @@ class WithoutLogFolder : public DoctorTest {
   WithoutLogFolder() {
     std::error_code ignored;
     std::filesystem::rename("c:/VARN/Log", kAside, ignored);
+    hadSecond_ = exists("c:/Corvane/Log");
   }
   ~WithoutLogFolder() override {
     std::error_code ignored;
     std::filesystem::remove_all("c:/VARN/Log", ignored);
     std::filesystem::rename(kAside, "c:/VARN/Log", ignored);
     if (ignored) makeFolder(kFolder);
+    if (!hadSecond_) std::filesystem::remove("c:/Corvane/Log", ignored);
   }
+
+ private:
+  bool hadSecond_ = false;
 };
 
 TEST_F(WithoutLogFolder, SaysThatItIsMissing) {

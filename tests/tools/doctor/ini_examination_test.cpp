@@ -8,7 +8,7 @@ namespace {
 using Lines = std::vector<std::string>;
 
 // Each finding as "state: text / fix".
-Lines findings(const std::string& bytes) {
+Lines iniFindings(const std::string& bytes) {
   Lines lines;
   for (const Finding& finding : examineIni(bytes, "till.ini").findings) {
     lines.push_back(std::string(wordOf(finding.mark)) + ": " + finding.text +
@@ -25,32 +25,32 @@ TEST(ExamineIni, TakesAnAddressThatTheLibraryTakes) {
   for (const char* bytes : {"[zelkad]\nip_addr=10.1.2.3\n", "[zelkad]\r\nip_addr=10.1.2.3\r\n",
                             "; comment\n\n[zelkad]\nip_addr=1.1.1.1\nip_addr=10.1.2.3"}) {
     EXPECT_EQ(address(bytes), "10.1.2.3") << bytes;
-    EXPECT_EQ(findings(bytes), Lines{"fine: till.ini names the address 10.1.2.3"}) << bytes;
+    EXPECT_EQ(iniFindings(bytes), Lines{"fine: till.ini names the address 10.1.2.3"}) << bytes;
   }
 }
 
 TEST(ExamineIni, NamesABlankBeforeTheEqualsSign) {
   EXPECT_EQ(address("[zelkad]\nip_addr = 10.1.2.3\n"), "");
-  EXPECT_EQ(findings("[zelkad]\nip_addr = 10.1.2.3\n"),
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr = 10.1.2.3\n"),
             Lines{std::string("failed: ip_addr in till.ini, line 2 is not found: there is a blank "
                               "before the '=' / ") +
                   kWriteIt});
 }
 
 TEST(ExamineIni, NamesABlankBehindTheEqualsSign) {
-  EXPECT_EQ(findings("[zelkad]\nip_addr= 10.1.2.3\n"),
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr= 10.1.2.3\n"),
             Lines{std::string("failed: the address \" 10.1.2.3\" in till.ini has a blank before or "
                               "behind it, so the library ignores it / ") +
                   kWriteIt});
-  EXPECT_EQ(findings("[zelkad]\nip_addr=10.1.2.3 \n").size(), 1u);
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=10.1.2.3 \n").size(), 1u);
 }
 
 TEST(ExamineIni, NamesABlankBeforeTheKeyAndAnotherSpelling) {
-  EXPECT_EQ(findings("[zelkad]\n ip_addr=10.1.2.3\n"),
+  EXPECT_EQ(iniFindings("[zelkad]\n ip_addr=10.1.2.3\n"),
             Lines{std::string("failed: ip_addr in till.ini, line 2 is not found: there is a blank "
                               "before \"ip_addr\" / ") +
                   kWriteIt});
-  EXPECT_EQ(findings("[zelkad]\nIP_Addr=10.1.2.3\n"),
+  EXPECT_EQ(iniFindings("[zelkad]\nIP_Addr=10.1.2.3\n"),
             Lines{std::string("failed: ip_addr in till.ini, line 2 is not found: it is written "
                               "\"IP_Addr\" instead of \"ip_addr\" / ") +
                   kWriteIt});
@@ -59,46 +59,46 @@ TEST(ExamineIni, NamesABlankBeforeTheKeyAndAnotherSpelling) {
 TEST(ExamineIni, NamesAWrongSection) {
   const std::string fix =
       " / Write it as \"ip_addr=10.1.2.3\" below a line \"[zelkad]\", without any blank.";
-  EXPECT_EQ(findings("[Zelkad]\nip_addr=10.1.2.3\n"),
+  EXPECT_EQ(iniFindings("[Zelkad]\nip_addr=10.1.2.3\n"),
             Lines{"failed: ip_addr in till.ini, line 2 is not found: it stands in the section "
                   "\"[Zelkad]\" instead of [zelkad]" +
                   fix});
-  EXPECT_EQ(findings("ip_addr=10.1.2.3\n"),
+  EXPECT_EQ(iniFindings("ip_addr=10.1.2.3\n"),
             Lines{"failed: ip_addr in till.ini, line 1 is not found: it stands before the line "
                   "[zelkad]" +
                   fix});
-  EXPECT_EQ(findings(" [zelkad]\nip_addr=10.1.2.3\n"),
+  EXPECT_EQ(iniFindings(" [zelkad]\nip_addr=10.1.2.3\n"),
             Lines{"failed: ip_addr in till.ini, line 1 is not found: there is a blank before or "
                   "behind [zelkad] / Take the blank out, so that the line is \"[zelkad]\"."});
 }
 
 TEST(ExamineIni, NamesAValueThatIsNoAddress) {
   const std::string fix = " / Write a dotted IPv4 address, as in \"ip_addr=192.168.1.20\".";
-  EXPECT_EQ(findings("[zelkad]\nip_addr=till-server\n"),
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=till-server\n"),
             Lines{"failed: the address \"till-server\" in till.ini is no IPv4 address, so the "
                   "library ignores it" +
                   fix});
-  EXPECT_EQ(findings("[zelkad]\nip_addr=\n"),
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=\n"),
             Lines{"failed: ip_addr in till.ini has no value" + fix});
-  EXPECT_EQ(findings("[zelkad]\nip_addr\n"),
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr\n"),
             Lines{"failed: ip_addr in till.ini has no value" + fix});
-  EXPECT_EQ(findings("[zelkad]\nip_addr=1.2.3.4:53264\n").size(), 1u);
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=1.2.3.4:53264\n").size(), 1u);
 }
 
 TEST(ExamineIni, NamesAByteOrderMarkWhereItHarms) {
   const std::string fix = " / Save it as plain text (ANSI, or UTF-8 without BOM).";
-  EXPECT_EQ(findings("\xEF\xBB\xBF[zelkad]\nip_addr=10.1.2.3\n"),
+  EXPECT_EQ(iniFindings("\xEF\xBB\xBF[zelkad]\nip_addr=10.1.2.3\n"),
             Lines{"failed: till.ini begins with a byte-order mark (UTF-8 with BOM), so the library "
                   "does not find [zelkad] in it" +
                   fix});
   EXPECT_EQ(
-      findings(std::string("\xFF\xFE[\0z\0", 6)),
+      iniFindings(std::string("\xFF\xFE[\0z\0", 6)),
       Lines{"failed: till.ini is in UTF-16, so the library does not find [zelkad] in it" + fix});
   EXPECT_EQ(address("\xEF\xBB\xBF; comment\n[zelkad]\nip_addr=10.1.2.3\n"), "10.1.2.3");
 }
 
 TEST(ExamineIni, WarnsOfALineThatDoesNothing) {
-  EXPECT_EQ(findings("[zelkad]\nip_addr=10.1.2.3\nip_addr =10.9.9.9\n"),
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=10.1.2.3\nip_addr =10.9.9.9\n"),
             (Lines{"fine: till.ini names the address 10.1.2.3",
                    "warning: ip_addr in till.ini, line 3 is not found: there is a blank before the "
                    "'=' / Write the line as \"ip_addr=10.9.9.9\", without any blank."}));
@@ -107,7 +107,7 @@ TEST(ExamineIni, WarnsOfALineThatDoesNothing) {
 TEST(ExamineIni, WarnsOfAFileWithoutTheKey) {
   for (const char* bytes : {"", "[zelkad]\n", "[zelkad]\n;ip_addr=10.1.2.3\n"}) {
     EXPECT_EQ(
-        findings(bytes),
+        iniFindings(bytes),
         Lines{"warning: till.ini has no ip_addr in [zelkad] / Write two lines, without any "
               "blank: \"[zelkad]\" and \"ip_addr=192.168.1.20\" (the address of the service)."})
         << bytes;
