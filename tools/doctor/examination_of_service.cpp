@@ -142,6 +142,12 @@ Finding Examination::answer(const char* use, unsigned short number, const char* 
       return failedWith(TOLVEX_UNREADABLE_REPLY,
                         who + " answers with what is no reply: " + shortened(probe.reply));
     case ReplyState::InPieces:
+      if (probe.reply.size() > kLongestReply) {
+        return failedWith(TOLVEX_UNREADABLE_REPLY,
+                          who + " answers with " + std::to_string(probe.reply.size()) +
+                              " bytes, of which the library reads 2048",
+                          "Bring the service up to date, or have it send shorter replies.");
+      }
       return failedWith(
           TOLVEX_UNREADABLE_REPLY,
           who + " sends its reply in pieces, of which the library reads the first",
