@@ -15,7 +15,7 @@ constexpr char kExamples[] =
 
 // The words of the command line so far lead to a command; what it offers stands in three tables.
 constexpr char kHead[] = R"(# bash completion for tolvexctl; made by: tolvexctl completion bash
-declare -A _tolvexctl_commands _tolvexctl_options _tolvexctl_values
+declare -gA _tolvexctl_commands _tolvexctl_options _tolvexctl_values
 )";
 
 constexpr char kBody[] = R"(
