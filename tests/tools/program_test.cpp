@@ -78,8 +78,7 @@ TEST_F(Program, SaysWhichLibraryItCanNotLoad) {
   const std::string text = home.file("text.so");
   writeBytes(text, "no library");
   const std::string message = json({"--library", text, "weigh"}, 1)["error"]["message"];
-  EXPECT_EQ(message.substr(0, message.find(", but")),
-            "cannot load the library " + text + ": it is no library at all");
+  EXPECT_NE(message.find("text.so: it is no library at all, but"), std::string::npos) << message;
   EXPECT_NE(message.find("x64 (64-bit)"), std::string::npos) << message;
 }
 

@@ -50,4 +50,16 @@ std::string Simulator::type(const std::string& line) {
   return answer;
 }
 
+// "ok job 1 on Ticket, 2 lines", and then those.
+std::vector<std::string> Simulator::paper(const std::string& printer) {
+  const std::string answer = type("paper " + printer);
+  const std::size_t comma = answer.find(", ");
+  if (comma == std::string::npos) return {};
+  std::vector<std::string> lines;
+  for (int count = std::stoi(answer.substr(comma + 2)); count > 0; --count) {
+    lines.push_back(child_.readLine().value_or("nothing"));
+  }
+  return lines;
+}
+
 }  // namespace tolvex::test

@@ -25,6 +25,9 @@ class Simulator {
   /// the test.
   std::string type(const std::string& line);
 
+  /// The lines of text on the newest paper of a printer, the cut as a line of dashes.
+  std::vector<std::string> paper(const std::string& printer);
+
  private:
   std::string address_;
   Child child_;
