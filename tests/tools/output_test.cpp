@@ -2,10 +2,17 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
 #include <string>
 
 namespace tolvex::ctl {
 namespace {
+
+#ifdef _WIN32
+void setVariable(const char* name, const char* value) { _putenv_s(name, value); }
+#else
+void setVariable(const char* name, const char* value) { setenv(name, value, 1); }
+#endif
 
 class FakeStreams : public Streams {
  public:
@@ -15,13 +22,14 @@ class FakeStreams : public Streams {
     return true;
   }
   void error(const std::string& text) override { err += text; }
-  bool outputIsTerminal() override { return true; }
+  bool outputIsTerminal() override { return isTerminal; }
   std::string captured(std::size_t offset) override { return messages.substr(offset); }
 
   std::string out;
   std::string err;
   std::string messages;
   bool isFull = false;
+  bool isTerminal = true;
 };
 
 class OutputTest : public ::testing::Test {
@@ -75,6 +83,21 @@ TEST_F(OutputTest, TellsACodeThatNobodyKnows) {
 TEST_F(OutputTest, HasColoursOnlyWhereTheyAreWanted) {
   EXPECT_EQ(text.paint(Colour::Bad, "no"), "\x1b[31mno\x1b[0m");
   EXPECT_EQ(json.paint(Colour::Bad, "no"), "no");
+}
+
+TEST_F(OutputTest, WantsNoColoursWhereTheyAreRefusedOrOfNoUse) {
+  setVariable("NO_COLOR", "");
+  setVariable("TERM", "xterm");
+  EXPECT_TRUE(wantsColour(streams, false));
+  EXPECT_FALSE(wantsColour(streams, true));
+  setVariable("NO_COLOR", "1");
+  EXPECT_FALSE(wantsColour(streams, false));
+  setVariable("NO_COLOR", "");
+  setVariable("TERM", "dumb");
+  EXPECT_FALSE(wantsColour(streams, false));
+  setVariable("TERM", "xterm");
+  streams.isTerminal = false;
+  EXPECT_FALSE(wantsColour(streams, false));
 }
 
 TEST_F(OutputTest, PassesOnEachMessageOfTheLibraryOnce) {

@@ -22,7 +22,7 @@ constexpr char kFooter[] =
     "tolvexctl COMMAND --help describes a command, with examples.";
 
 void addGlobals(CLI::App& app, Globals& globals) {
-  app.add_flag("--json", globals.json, "Results as JSON, errors too");
+  app.add_flag("--json", globals.json, "Results as JSON, errors too")->disable_flag_override();
   app.add_flag("-v,--verbose", globals.verbose, "Tell on standard error what the library says");
   app.add_option("--host", globals.host, "IPv4 address of the service, instead of the INI file's")
       ->type_name("ADDRESS")

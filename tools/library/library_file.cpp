@@ -1,13 +1,16 @@
 #include "library/library_file.h"
 
 #include <cstddef>
-#include <cstdint>
+#include <filesystem>
+#include <fstream>
 
 #include "platform/file.h"
 #include "platform/shared_library.h"
 
 namespace tolvex::ctl {
 namespace {
+
+constexpr std::size_t kHead = 65536;  // as much as is looked at
 
 // Numbers of the ELF and PE formats.
 constexpr std::size_t kElfClass = 4;  // where it stands; 1: 32 bits, 2: 64 bits
@@ -78,8 +81,11 @@ std::string kindOf(const std::string& bytes) {
 }  // namespace
 
 std::string unfitness(const std::string& path) {
-  std::string bytes;
-  if (!tolvex::platform::readFile(path.c_str(), bytes)) return "";
+  std::ifstream file(std::filesystem::u8path(path), std::ios::binary);
+  if (!file.is_open()) return "";
+  std::string bytes(kHead, '\0');
+  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
   const std::string kind = kindOf(bytes);
   if (kind.empty()) return "";
   return "it is " + kind + ", but this program needs " +
