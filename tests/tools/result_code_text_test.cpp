@@ -14,7 +14,7 @@ TEST(ResultCodeText, ComesFromTheTableOfTheHeader) {
   EXPECT_STREQ(findCode(TOLVEX_FAILED)->name, "TOLVEX_FAILED");
   EXPECT_STREQ(findCode(-1)->name, "TOLVEX_UNREADABLE_REPLY");
   EXPECT_EQ(findCode(2004), nullptr);
-  EXPECT_EQ(resultCodes().size(), 28u);
+  EXPECT_EQ(resultCodes().size(), 27u);
   EXPECT_EQ(answers().size(), 7u);
 }
 
