@@ -48,8 +48,9 @@ void addGlobals(CLI::App& app, Globals& globals) {
 
 std::unique_ptr<CLI::App> makeCommandLine(Globals& globals, Registry& registry) {
   auto app = std::make_unique<CLI::App>(kDescription, "tolvexctl");
-  app->fallthrough();             // global options stand anywhere
-  app->require_subcommand(0, 1);  // none at all is told in our own words
+  app->fallthrough();                       // global options stand anywhere
+  app->allow_windows_style_options(false);  // a word that begins with / is a path or a text
+  app->require_subcommand(0, 1);            // none at all is told in our own words
   app->set_version_flag("--version", std::string("tolvexctl ") + version());
   app->footer(kFooter);
   addGlobals(*app, globals);
