@@ -95,23 +95,27 @@ std::vector<Finding> checkCodePage(const std::string& name, Conversion convert,
   const auto characters = charactersOf(convert);
   if (!characters) return {fine(what + ": every script goes through to the service")};
   std::vector<std::string> whole;
-  std::vector<Finding> findings;
+  std::vector<std::string> partial;
   std::vector<std::string> missing;
   for (const Sample& sample : kSamples) {
     const std::string lost = lostCharacters(sample.text, *characters);
     if (lost.empty()) {
       whole.emplace_back(sample.language);
     } else if (charactersIn(lost).size() * 2 <= charactersIn(sample.text).size()) {
-      findings.push_back(
-          warning(what + ", which lacks " + lost + " of " + sample.language, advice));
+      partial.push_back(what + ", which lacks " + lost + " of " + sample.language);
     } else {
       missing.emplace_back(sample.language);
     }
   }
+  std::vector<Finding> findings;
   if (whole.empty()) {
-    findings.insert(findings.begin(), info(what + ", which has none of the scripts tried whole"));
+    findings.push_back(info(what + ", which has none of the scripts tried whole"));
   } else {
-    findings.insert(findings.begin(), fine(what + ": these go through whole: " + joined(whole)));
+    findings.push_back(fine(what + ": these go through whole: " + joined(whole)));
+  }
+  // A code page that has one script whole is of that one, and owes nothing to the others.
+  for (const std::string& text : partial) {
+    findings.push_back(whole.empty() ? warning(text, advice) : info(text, advice));
   }
   if (!missing.empty()) {
     findings.push_back(info("code page " + name + " does not have: " + joined(missing), advice));

@@ -61,5 +61,37 @@ TEST(CheckCodePage, NamesWhatAPoorOneDoesNotHave) {
   EXPECT_EQ(findings[1].fix, "advice");
 }
 
+// The letters of Western European, with or without the euro sign.
+std::string western(const char* text, const std::string& euro) {
+  const std::vector<std::string> letters = {u8"Ä", u8"Ö", u8"Ü", u8"ä", u8"ö", u8"ü", u8"ß", u8"À",
+                                            u8"É", u8"È", u8"Ê", u8"Ç", u8"é", u8"è", u8"ê", u8"ç",
+                                            u8"à", u8"ñ", u8"Ñ", u8"å", u8"ø", u8"æ", u8"£", euro};
+  const std::string bytes = text;
+  const auto index = static_cast<unsigned char>(bytes[0]) - std::size_t{0x80};
+  return bytes.size() == 1 && index < letters.size() ? letters[index] : u8"\uFFFD";
+}
+std::string withEuro(const char* text) { return western(text, u8"€"); }
+std::string withoutEuro(const char* text) { return western(text, u8"\uFFFD"); }
+
+TEST(CheckCodePage, DoesNotWarnOfOtherScriptsWhenItHasOneWhole) {
+  const std::vector<Finding> findings = checkCodePage("western", withEuro, "advice");
+  ASSERT_EQ(findings.size(), 3u);
+  EXPECT_EQ(findings[0].mark, Mark::Fine);
+  EXPECT_EQ(findings[0].text,
+            "texts are in code page western: these go through whole: Western European");
+  EXPECT_EQ(findings[1].mark, Mark::Info);
+  EXPECT_EQ(findings[1].text, u8"texts are in code page western, which lacks ĞİŞğış of Turkish");
+  EXPECT_EQ(findings[2].mark, Mark::Info);
+}
+
+TEST(CheckCodePage, WarnsOfTheOnlyScriptThatItHasInPart) {
+  const std::vector<Finding> findings = checkCodePage("old western", withoutEuro, "advice");
+  ASSERT_GE(findings.size(), 2u);
+  EXPECT_EQ(findings[1].mark, Mark::Warning);
+  EXPECT_EQ(findings[1].text,
+            u8"texts are in code page old western, which lacks € of Western European");
+  EXPECT_EQ(findings[1].fix, "advice");
+}
+
 }  // namespace
 }  // namespace tolvex::ctl
