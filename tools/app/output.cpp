@@ -46,7 +46,7 @@ std::string remedyOf(const Failure& failure) {
   return row != nullptr ? row->remedy : "";
 }
 
-ordered_json toJson(const Failure& failure) {
+ordered_json failureAsJson(const Failure& failure) {
   const CodeText* const row = failure.code ? findCode(*failure.code) : nullptr;
   ordered_json error = {
       {"message", failure.what()}, {"code", nullptr}, {"name", nullptr}, {"meaning", nullptr}};
@@ -59,7 +59,7 @@ ordered_json toJson(const Failure& failure) {
   return {{"ok", false}, {"error", error}, {"exit", static_cast<int>(failure.exit)}};
 }
 
-std::string toText(const Failure& failure) {
+std::string failureAsText(const Failure& failure) {
   std::string text = std::string("tolvexctl: ") + failure.what();
   if (failure.code) {
     const CodeText* const row = findCode(*failure.code);
@@ -88,9 +88,9 @@ void Output::note(const std::string& text) { streams_.error(text + '\n'); }
 
 void Output::failure(const Failure& failure) {
   if (json_) {
-    streams_.output(dumped(toJson(failure), -1));
+    streams_.output(dumped(failureAsJson(failure), -1));
   } else {
-    note(toText(failure));
+    note(failureAsText(failure));
   }
 }
 

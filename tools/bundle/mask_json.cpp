@@ -7,7 +7,7 @@ namespace tolvex::ctl {
 namespace {
 
 // Members whose strings say nothing about what is sold: names of things, versions and units.
-constexpr std::array<std::string_view, 14> kHarmless = {
+constexpr std::array<std::string_view, 14> kHarmlessMembers = {
     "result",   "printerName", "printerType",   "filename", "module",     "level",    "PrinterList",
     "tareType", "weightUnit",  "systemVersion", "version",  "VcoVersion", "fontsize", "unit"};
 
@@ -22,11 +22,11 @@ bool isOneOf(std::string_view word, const List& list) {
   return std::find(list.begin(), list.end(), word) != list.end();
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isFigure(char c) { return c >= '0' && c <= '9'; }
 
 bool isNumber(std::string_view text) {
   return text.size() <= kLongestNumber && std::all_of(text.begin(), text.end(), [](char c) {
-           return isDigit(c) || std::string_view("+-.,: ").find(c) != std::string_view::npos;
+           return isFigure(c) || std::string_view("+-.,: ").find(c) != std::string_view::npos;
          });
 }
 
@@ -34,7 +34,7 @@ bool isNumber(std::string_view text) {
 bool isIdentifier(std::string_view text) {
   return !text.empty() && text.size() <= kLongestName &&
          std::all_of(text.begin(), text.end(), [](char c) {
-           return isDigit(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
+           return isFigure(c) || (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_';
          });
 }
 
@@ -92,7 +92,7 @@ class JsonMasker {
   bool valueStays(std::string_view raw) const {
     if (isOneOf(key_, kTexts)) return false;
     if (key_ == "cmd") return isIdentifier(raw);
-    return isOneOf(key_, kHarmless) || isNumber(raw);
+    return isOneOf(key_, kHarmlessMembers) || isNumber(raw);
   }
 
   // Brackets, commas, and words without quotes: numbers, true, false and null, or no JSON at all.

@@ -97,7 +97,7 @@ Found findWords(std::string_view message) {
   return first;
 }
 
-bool isNumber(std::string_view text) {
+bool isHarmlessNumber(std::string_view text) {
   return text.find_first_not_of("+-.0123456789 ") == std::string_view::npos;
 }
 
@@ -106,7 +106,7 @@ std::string maskTail(Tail tail, std::string_view text) {
     case Tail::kHarmless:
       return std::string(text);
     case Tail::kNumber:
-      return isNumber(text) ? std::string(text) : maskText(text);
+      return isHarmlessNumber(text) ? std::string(text) : maskText(text);
     case Tail::kFontText: {
       const std::size_t size = std::min(text.find_first_not_of("-0123456789"), text.size());
       return std::string(text.substr(0, size)) + maskText(text.substr(size));

@@ -12,7 +12,7 @@
 namespace tolvex::ctl {
 namespace {
 
-constexpr char kExamples[] =
+constexpr char kCallExamples[] =
     "  tolvexctl call GetPrinterStatus 100\n"
     "  tolvexctl call GetPrinterList 256                    buffers are left out, their size is "
     "not\n"
@@ -125,7 +125,7 @@ ordered_json buffersOf(const ExportCall& call, const CallOutcome& outcome) {
   return buffers;
 }
 
-ordered_json toJson(const ExportCall& call, const CallOutcome& outcome) {
+ordered_json outcomeAsJson(const ExportCall& call, const CallOutcome& outcome) {
   const CallVerdict verdict = verdictOf(call, outcome);
   ordered_json value = {{"export", call.row->name}, {"result", outcome.value},
                         {"name", nullptr},          {"meaning", nullptr},
@@ -146,7 +146,8 @@ std::string explained(int code) {
   return text;
 }
 
-std::string toText(const ExportCall& call, const CallOutcome& outcome, const ordered_json& value) {
+std::string outcomeAsText(const ExportCall& call, const CallOutcome& outcome,
+                          const ordered_json& value) {
   const CallVerdict verdict = verdictOf(call, outcome);
   std::string text = toText(call) + " -> " + std::to_string(outcome.value);
   if (verdict.meaning != nullptr) {
@@ -170,8 +171,8 @@ ExitCode call(Context& context, const CallOptions& options) {
   ExitCode exit = ExitCode::Fine;
   for (const ExportCall& each : understand(options)) {
     const CallOutcome outcome = makeCall(each, context);
-    made.push_back(toJson(each, outcome));
-    text += toText(each, outcome, made.back());
+    made.push_back(outcomeAsJson(each, outcome));
+    text += outcomeAsText(each, outcome, made.back());
     exit = verdictOf(each, outcome).exit;
     if (exit != ExitCode::Fine) break;
   }
@@ -183,7 +184,7 @@ ExitCode call(Context& context, const CallOptions& options) {
 
 void addCall(CLI::App& app, Registry& registry) {
   CLI::App* const command =
-      Registry::addCommand(app, "call", "Call any export of the library", kExamples);
+      Registry::addCommand(app, "call", "Call any export of the library", kCallExamples);
   auto options = std::make_shared<CallOptions>();
   CLI::Option* const words =
       command

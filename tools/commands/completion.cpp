@@ -9,7 +9,7 @@
 namespace tolvex::ctl {
 namespace {
 
-constexpr char kExamples[] =
+constexpr char kCompletionExamples[] =
     "  source <(tolvexctl completion bash)     for this shell\n"
     "  tolvexctl completion bash > /usr/share/bash-completion/completions/tolvexctl\n";
 
@@ -122,7 +122,7 @@ std::string describe(const CLI::App& app, const std::string& path, const Registr
 void addCompletion(CLI::App& app, Registry& registry) {
   CLI::App* const command = Registry::addCommand(
       app, "completion", "Print a script that completes commands and options in the shell",
-      kExamples);
+      kCompletionExamples);
   auto shell = std::make_shared<std::string>();
   CLI::Option* const name = command->add_option("SHELL", *shell, "bash");
   name->option_text(" ")->required()->check(CLI::IsMember({"bash"}).description(""));

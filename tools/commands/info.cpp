@@ -1,13 +1,12 @@
 #include <string>
 
 #include "base/printable.h"
+#include "base/reply_size.h"
 #include "commands/commands.h"
 #include "commands/weight.h"
 
 namespace tolvex::ctl {
 namespace {
-
-constexpr unsigned kReplySize = 4096;  // a reply has at most 2048 bytes
 
 // The service's reply with its version, as it came; a text that is no JSON stays a text.
 ordered_json serviceVersion(Service& service) {

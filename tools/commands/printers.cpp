@@ -4,13 +4,13 @@
 #include <optional>
 
 #include "base/printable.h"
+#include "base/reply_size.h"
 #include "commands/commands.h"
 #include "commands/printer_options.h"
 
 namespace tolvex::ctl {
 namespace {
 
-constexpr unsigned kReplySize = 4096;  // a reply has at most 2048 bytes
 constexpr unsigned kPrinterTypes[] = {0, 1, 2};
 
 // ---- printers ----
@@ -64,7 +64,7 @@ std::vector<Status> readStatus(Service& service, const std::optional<unsigned>& 
   return all;
 }
 
-std::string toText(const Status& status, Output& out) {
+std::string statusAsText(const Status& status, Output& out) {
   const CodeText* const row = findCode(status.code);
   const std::string name =
       std::to_string(status.printer) + " " + printerName(status.printer) + ": ";
@@ -82,7 +82,7 @@ ExitCode status(Context& context, const std::optional<unsigned>& printer) {
     ordered_json value = {{"type", each.printer}, {"ready", each.code == TOLVEX_RESULT_OK}};
     value.update(toJson(each.code));
     list.push_back(value);
-    text += toText(each, context.out);
+    text += statusAsText(each, context.out);
     if (each.code != TOLVEX_RESULT_OK) exit = exitOf(each.code);
   }
   context.out.result({{"ok", exit == ExitCode::Fine}, {"printers", list}, {"exit", exit}}, text);

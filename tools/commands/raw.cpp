@@ -6,6 +6,7 @@
 #include <string>
 
 #include "base/printable.h"
+#include "base/reply_size.h"
 #include "commands/checks.h"
 #include "commands/commands.h"
 
@@ -14,11 +15,10 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr unsigned kReplySize = 4096;  // a reply has at most 2048 bytes
 constexpr milliseconds kOrdinaryWait{40000};
 constexpr milliseconds kTimeToConnect{3000};  // both connections, and some more
 
-constexpr char kExamples[] =
+constexpr char kRawExamples[] =
     "  tolvexctl raw lc getweight\n"
     "  tolvexctl raw prt getprinterversion --printer Label\n"
     "  tolvexctl raw prt setdirection --param '1' --int 0 --timeout 2s\n";
@@ -79,7 +79,7 @@ ExitCode raw(Context& context, const RawOptions& options) {
 
 void addRaw(CLI::App& app, Registry& registry) {
   CLI::App* const command = Registry::addCommand(
-      app, "raw", "Send any command of the service's protocol and show the reply", kExamples);
+      app, "raw", "Send any command of the service's protocol and show the reply", kRawExamples);
   auto options = std::make_shared<RawOptions>();
   CLI::Option* const side =
       command->add_option("SIDE", options->side, "lc: the scale's side, prt: the printers'");

@@ -46,7 +46,7 @@ constexpr Setting kSettings[] = {
     {"overload-alarm", "setOverloadAlarm", Whose::Nobody, "The scale's alarm at overload", true},
 };
 
-constexpr char kExamples[] =
+constexpr char kSettingsExamples[] =
     "  tolvexctl settings width 58 --printer 1\n"
     "  tolvexctl settings contrast 60 --printer Label     names are those of tolvexctl printers\n"
     "  tolvexctl settings takeup-sensor on --printer Label\n"
@@ -185,13 +185,13 @@ void addLogLevel(CLI::App& settings, Registry& registry) {
 }  // namespace
 
 void addSettings(CLI::App& app, Registry& registry) {
-  CLI::App* const command =
-      Registry::addCommand(app, "settings", "Set printers, scale and the service's log", kExamples);
+  CLI::App* const command = Registry::addCommand(
+      app, "settings", "Set printers, scale and the service's log", kSettingsExamples);
   command->require_subcommand(0, 1);
   for (const Setting& setting : kSettings) addSetting(*command, registry, setting);
   addLogLevel(*command, registry);
   for (CLI::App* const setting : command->get_subcommands([](CLI::App*) { return true; })) {
-    setting->footer(std::string("Examples:\n") + kExamples);
+    setting->footer(std::string("Examples:\n") + kSettingsExamples);
   }
 }
 

@@ -19,7 +19,7 @@ constexpr milliseconds kWatchInterval{500};
 constexpr milliseconds kStableInterval{200};
 constexpr milliseconds kLongestWaitForStable{10000};
 
-constexpr char kExamples[] =
+constexpr char kWeighExamples[] =
     "  tolvexctl weigh                          once\n"
     "  tolvexctl weigh --stable --timeout 5s    once it is stable, at most 5 s from now\n"
     "  tolvexctl weigh --watch --interval 1s    on and on, until Ctrl+C\n"
@@ -116,7 +116,7 @@ ExitCode weigh(Context& context, const WeighOptions& options) {
 
 void addWeigh(CLI::App& app, Registry& registry) {
   CLI::App* const command =
-      Registry::addCommand(app, "weigh", "Read the scale, once or on and on", kExamples);
+      Registry::addCommand(app, "weigh", "Read the scale, once or on and on", kWeighExamples);
   auto options = std::make_shared<WeighOptions>();
   CLI::Option* const stable =
       command->add_flag("--stable", options->stable,

@@ -15,7 +15,7 @@
 namespace tolvex::ctl {
 namespace {
 
-constexpr char kExamples[] =
+constexpr char kDoctorCommandExamples[] =
     "  tolvexctl doctor                             what is wrong, and how to mend it\n"
     "  tolvexctl doctor --app C:\\Shop\\Shop.exe       with this application's library and INI "
     "file\n"
@@ -95,7 +95,8 @@ ExitCode runDoctor(Context& context, const Options& options) {
 
 void addDoctor(CLI::App& app, Registry& registry) {
   CLI::App* const command = Registry::addCommand(
-      app, "doctor", "Find out what is wrong, layer by layer, and how to mend it", kExamples);
+      app, "doctor", "Find out what is wrong, layer by layer, and how to mend it",
+      kDoctorCommandExamples);
   const auto options = std::make_shared<Options>();
   command->add_flag("--fix", options->doctor.fix, "Make the log folder if it is missing");
   CLI::Option* const skip =

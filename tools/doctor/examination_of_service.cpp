@@ -4,6 +4,7 @@
 
 #include "base/duration.h"
 #include "base/printable.h"
+#include "base/reply_size.h"
 #include "doctor/examination.h"
 #include "doctor/probe.h"
 
@@ -13,7 +14,6 @@ namespace {
 constexpr unsigned short kWeighingPort = 53264;
 constexpr unsigned short kPrintingPort = 53265;
 constexpr double kConnectLimit = 1000;  // milliseconds that the library waits for a connection
-constexpr unsigned kLongestReply = 2048;
 constexpr std::size_t kShownOfReply = 60;
 constexpr char kThisMachine[] = "127.0.0.1";
 
@@ -23,7 +23,7 @@ std::string shortened(const std::string& reply) {
          std::to_string(reply.size()) + " bytes)";
 }
 
-std::string milliseconds(double value) {
+std::string inMilliseconds(double value) {
   char text[32];
   std::snprintf(text, sizeof(text), "%.1f ms", value);
   return text;
@@ -79,10 +79,10 @@ Finding Examination::port(const char* use, unsigned short number, const PortProb
 }
 
 Finding Examination::openPort(const std::string& where, double taken) const {
-  if (taken <= kConnectLimit) return fine(where + " can be reached in " + milliseconds(taken));
+  if (taken <= kConnectLimit) return fine(where + " can be reached in " + inMilliseconds(taken));
   return failedWith(
       TOLVEX_RESULT_SOCKET_INTERRUPT,
-      where + " is reached only after " + milliseconds(taken) + ", the library waits for 1 s",
+      where + " is reached only after " + inMilliseconds(taken) + ", the library waits for 1 s",
       "Look for what slows the network down on the way to " + address_ + ".");
 }
 

@@ -4,6 +4,7 @@
 #include <cctype>
 
 #include "base/printable.h"
+#include "base/trimmed.h"
 #include "config/ini_reader.h"
 #include "config/ip_address.h"
 
@@ -12,16 +13,9 @@ namespace {
 
 constexpr std::string_view kSection = "zelkad";
 constexpr std::string_view kKey = "ip_addr";
-constexpr std::string_view kBlanks = " \t\r";
 constexpr char kWanted[] =
     "Write two lines, without any blank: \"[zelkad]\" and \"ip_addr=192.168.1.20\" (the address of "
     "the service).";
-
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 std::string lower(std::string_view text) {
   std::string result(text);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 
+#include "base/reply_size.h"
 #include "platform/socket.h"
 
 namespace tolvex::ctl {
@@ -19,8 +20,7 @@ constexpr int kTimedOut = 10060;
 constexpr int kRefused = 10061;
 constexpr int kHostUnreachable = 10065;
 
-constexpr unsigned kLongestReply = 2048;  // that the library reads
-constexpr milliseconds kNextPiece(300);   // how long the rest of a reply may take
+constexpr milliseconds kNextPiece(300);  // how long the rest of a reply may take
 
 // The socket library, in use.
 class SocketUse {

@@ -4,23 +4,17 @@
 #include <map>
 
 #include "base/printable.h"
+#include "base/trimmed.h"
 #include "log/log_config.h"
 
 namespace tolvex::ctl {
 namespace {
 
-constexpr std::string_view kBlanks = " \r\n\t";
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr int kTraffic = 2;
 constexpr int kFailures = 5;
 constexpr int kTrace = 6;
 constexpr std::size_t kMostIgnored = 20;  // that are told one by one
-
-std::string_view trimmed(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
 
 bool isModule(const std::string& name) {
   return name == "DLL" || name == "Socket" || name == "NLog";
@@ -47,9 +41,9 @@ std::string place(const std::string& path, unsigned line, std::string_view text)
   return path + ", line " + std::to_string(line) + ": \"" + printable(trimmed(text)) + "\"";
 }
 
-class Examination {
+class NLogIni {
  public:
-  Examination(std::string_view bytes, const std::string& path) : rest_(bytes), path_(path) {}
+  NLogIni(std::string_view bytes, const std::string& path) : rest_(bytes), path_(path) {}
 
   std::vector<Finding> run() {
     while (!rest_.empty()) {
@@ -114,7 +108,7 @@ class Examination {
 }  // namespace
 
 std::vector<Finding> examineThresholds(std::string_view bytes, const std::string& path) {
-  return Examination(bytes, path).run();
+  return NLogIni(bytes, path).run();
 }
 
 }  // namespace tolvex::ctl

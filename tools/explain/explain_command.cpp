@@ -10,7 +10,7 @@
 namespace tolvex::ctl {
 namespace {
 
-constexpr char kExamples[] =
+constexpr char kExplainCommandExamples[] =
     "  tolvexctl explain 2006             a number from the log or from getLastErrCode()\n"
     "  tolvexctl explain out of paper     a name or a text, in any spelling\n"
     "  tolvexctl explain 0xff             as the log writes it\n"
@@ -77,8 +77,9 @@ ExitCode runExplain(Context& context, const Options& options) {
 }  // namespace
 
 void addExplain(CLI::App& app, Registry& registry) {
-  CLI::App* const command = Registry::addCommand(
-      app, "explain", "Tell what a result code means, and what to do about it", kExamples);
+  CLI::App* const command =
+      Registry::addCommand(app, "explain", "Tell what a result code means, and what to do about it",
+                           kExplainCommandExamples);
   const auto options = std::make_shared<Options>();
   command->add_option("code", options->words, "A number, a name or a text")->type_name("CODE|NAME");
   command->add_flag("--all", options->all, "All codes and answers");

@@ -15,7 +15,7 @@
 namespace tolvex::ctl {
 namespace {
 
-constexpr char kExamples[] =
+constexpr char kLogCommandExamples[] =
     "  tolvexctl log                                  all records, oldest first\n"
     "  tolvexctl log -n 20                            the last 20\n"
     "  tolvexctl log -f                               what is written from now on, until Ctrl+C\n"
@@ -188,7 +188,8 @@ void addFilter(CLI::App& command, LogFilter& filter) {
 
 void addLog(CLI::App& app, Registry& registry) {
   CLI::App* const command = Registry::addCommand(
-      app, "log", "Show the library's log, joined from its files in time order", kExamples);
+      app, "log", "Show the library's log, joined from its files in time order",
+      kLogCommandExamples);
   const auto options = std::make_shared<Options>();
   addFilter(*command, options->filter);
   command->add_option("-n,--lines", options->last, "The last N records only")->type_name("N");

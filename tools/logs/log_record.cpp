@@ -91,7 +91,7 @@ std::string logTextInUtf8(std::string_view bytes) {
   std::string text;
   for (std::size_t begin = 0; begin <= bytes.size();) {  // the conversion ends at a NUL
     const std::size_t end = std::min(bytes.find('\0', begin), bytes.size());
-    text += platform::AnsiToUtf8(std::string(bytes.substr(begin, end - begin)).c_str());
+    text += tolvex::platform::AnsiToUtf8(std::string(bytes.substr(begin, end - begin)).c_str());
     if (end < bytes.size()) text += '\0';
     begin = end + 1;
   }

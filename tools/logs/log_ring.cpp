@@ -82,7 +82,7 @@ class LogRing::Source {
 };
 
 std::vector<std::string> logFolders() {
-  return {platform::libraryLogDirectory(), platform::loggerDefaultDirectory()};
+  return {tolvex::platform::libraryLogDirectory(), tolvex::platform::loggerDefaultDirectory()};
 }
 
 std::vector<LogFile> findLogFiles(const std::vector<std::string>& folders) {

@@ -142,7 +142,7 @@ std::optional<LogTime> logTime(unsigned year, unsigned month, unsigned day, unsi
 }
 
 LogTime currentLogTime() {
-  const platform::LocalTime now = platform::localTime();
+  const tolvex::platform::LocalTime now = tolvex::platform::localTime();
   return logTime(now.year, now.month, now.day, now.hour, now.minute, now.second, now.millisecond)
       .value_or(0);
 }
