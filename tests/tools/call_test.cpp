@@ -3,6 +3,7 @@
 #include <regex>
 #include <sstream>
 
+#include "support/scripted_service.h"
 #include "tools/support/tool_test.h"
 
 namespace tolvex::test {
@@ -68,7 +69,14 @@ std::vector<std::string> argumentsFor(const Declaration& declaration) {
   return words;
 }
 
+std::string repeated(const std::string& text, unsigned count) {
+  std::string all;
+  while (count-- > 0) all += text;
+  return all;
+}
+
 class Call : public DeviceTest {};
+class CallOfAnotherService : public ToolTest {};
 
 TEST_F(Call, ListsExactlyWhatTheHeaderDeclares) {
   std::vector<std::string> declared;
@@ -144,6 +152,17 @@ TEST_F(Call, TakesWordsThatLookLikeOptionsOrLists) {
             "printTextById(text = \"[a,b]\", ");
   EXPECT_EQ(tolvexctl({"call", "printTextById", "--", "--json", "28", "1"}).out.substr(0, 31),
             "printTextById(text = \"--json\", ");
+}
+
+TEST_F(CallOfAnotherService, ShowsATextThatEndsInTheMiddleOfACharacter) {
+  ScriptedService service(ownAddress());
+  service.weighing().alwaysAnswers(R"({"result":"0","systemVersion":"x)" +
+                                   repeated("\xC3\xA9", 30) + "\"}");
+  const Finished finished = tolvexctl({"--host", ownAddress(), "call", "read_baseinfo"});
+  EXPECT_EQ(finished.exitCode, 0) << finished.err;
+  EXPECT_NE(finished.out.find("\"system_version\":\"x" + repeated("\xC3\xA9", 9)),
+            std::string::npos)
+      << finished.out;
 }
 
 class CallRefusal : public ToolTest {
