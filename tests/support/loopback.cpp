@@ -19,6 +19,8 @@ namespace {
 using Native = SOCKET;
 using Length = int;
 
+constexpr int kWithoutSignal = 0;
+
 // Winsock is in use from the first socket of a test to the end of the process.
 Native createSocket() {
   static const int started = [] {
@@ -37,6 +39,8 @@ int asLength(std::size_t length) { return static_cast<int>(length); }
 
 using Native = int;
 using Length = socklen_t;
+
+constexpr int kWithoutSignal = MSG_NOSIGNAL;
 
 Native createSocket() { return ::socket(AF_INET, SOCK_STREAM, 0); }
 
@@ -58,6 +62,10 @@ void Peer::send(const std::string& data) const {
   EXPECT_EQ(
       static_cast<std::size_t>(::send(native(socket_), data.data(), asLength(data.size()), 0)),
       data.size());
+}
+
+bool Peer::trySend(const std::string& data) const {
+  return ::send(native(socket_), data.data(), asLength(data.size()), kWithoutSignal) > 0;
 }
 
 std::string Peer::receive(std::size_t length) const {

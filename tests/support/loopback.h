@@ -18,6 +18,8 @@ class Peer {
   ~Peer() { close(); }
 
   void send(const std::string& data) const;
+  // The same where the other end may have gone: whether it is still there, as far as known.
+  bool trySend(const std::string& data) const;
   // Waits for exactly so many bytes; fewer come back when the connection ends before.
   std::string receive(std::size_t length) const;
 

@@ -95,11 +95,12 @@ PortState stateOf(int error) {
   }
 }
 
-// What came is not readable yet: the rest of it may be on the way.
-ReplyState readOn(Connection& connection, ReplyProbe& probe) {
-  const std::string first = probe.reply;
-  std::string whole = first;
-  while (whole.size() < 2 * kLongestReply &&
+// What came is not readable yet: the rest of it may be on the way. Who sends byte by byte is not
+// listened to for longer than the limit.
+ReplyState readOn(Connection& connection, ReplyProbe& probe, milliseconds limit) {
+  const auto end = Clock::now() + limit;
+  std::string whole = probe.reply;
+  while (whole.size() < 2 * kLongestReply && Clock::now() < end &&
          connection.receive(whole, kNextPiece) == ReplyState::Unreadable) {
     if (!isReadableReply(whole, probe.code)) continue;
     probe.reply = whole;
@@ -135,8 +136,8 @@ ReplyProbe probeReply(const std::string& address, std::uint16_t port, const std:
   }
   probe.state = connection.receive(probe.reply, limit);
   if (probe.state != ReplyState::Unreadable) return probe;
-  probe.state =
-      isReadableReply(probe.reply, probe.code) ? ReplyState::Readable : readOn(connection, probe);
+  probe.state = isReadableReply(probe.reply, probe.code) ? ReplyState::Readable
+                                                         : readOn(connection, probe, limit);
   return probe;
 }
 

@@ -61,6 +61,20 @@ TEST(ProbeReply, ShowsWhatIsNoReply) {
   EXPECT_EQ(probe.reply, "HTTP/1.1 400 Bad Request");
 }
 
+TEST(ProbeReply, DoesNotListenForeverToSingleBytes) {
+  std::size_t sent = 0;
+  const ReplyProbe probe = probed(
+      [&](test::Peer& peer) {
+        // As long as somebody listens, but for the test's sake not without end.
+        for (; sent < 4000 && peer.trySend("x"); ++sent) {
+          std::this_thread::sleep_for(milliseconds(1));
+        }
+      },
+      kShort);
+  EXPECT_EQ(probe.state, ReplyState::Unreadable);
+  EXPECT_LT(sent, 4000u);
+}
+
 TEST(ProbeReply, DoesNotConnectToAPortThatRefuses) {
   const test::Port closed;
   EXPECT_EQ(probeReply("127.0.0.1", closed.number(), kRequest, kLong).state,
