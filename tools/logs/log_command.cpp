@@ -2,12 +2,14 @@
 
 #include <algorithm>
 #include <chrono>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <optional>
 #include <thread>
 
 #include "base/printable.h"
+#include "commands/checks.h"
 #include "logs/log_filter.h"
 #include "logs/log_follower.h"
 #include "logs/log_ring.h"
@@ -26,6 +28,8 @@ constexpr char kLogCommandExamples[] =
 
 // How often files are looked at that somebody follows.
 constexpr std::chrono::milliseconds kPause(200);
+
+constexpr std::int64_t kMostRecords = 1000000000;
 
 struct Options {
   LogFilter filter;
@@ -140,7 +144,11 @@ ExitCode runLog(Context& context, const Options& options) {
   // Whoever follows wants to see what comes, unless something of the past was asked for.
   const bool past = !options.follow || options.last || options.filter.since;
   if (past && showPast(context.out, options, files, shown)) return ExitCode::Fine;
-  if (!options.follow) return ExitCode::Fine;
+  if (!options.follow) {
+    // Programs that read JSON get some, even if it is that there is nothing.
+    if (shown == 0 && context.out.json()) context.out.line({{"records", 0}}, "");
+    return ExitCode::Fine;
+  }
   context.out.note("tolvexctl: following the log in " + named(folders) + ", Ctrl+C ends it");
   follow(context.out, options, follower, shown);
   return ExitCode::Fine;
@@ -192,11 +200,13 @@ void addLog(CLI::App& app, Registry& registry) {
       kLogCommandExamples);
   const auto options = std::make_shared<Options>();
   addFilter(*command, options->filter);
-  command->add_option("-n,--lines", options->last, "The last N records only")->type_name("N");
+  command->add_option("-n,--lines", options->last, "The last N records only")
+      ->type_name("N")
+      ->check(numberCheck(0, kMostRecords));
   command->add_flag("-f,--follow", options->follow, "Go on with what is written from now on");
   command->add_option("-C,--count", options->count, "End after N records")
       ->type_name("N")
-      ->check(CLI::PositiveNumber);
+      ->check(numberCheck(1, kMostRecords));
   command->add_option("--dir", options->dir, "A folder with log files, instead of this machine's")
       ->type_name("FOLDER");
   registry.does(command, [options](Context& context) { return runLog(context, *options); });

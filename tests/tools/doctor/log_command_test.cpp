@@ -65,6 +65,11 @@ TEST_F(LogCommand, TellsARecordAsAJsonObjectInALine) {
   EXPECT_EQ(finished.out, expected.dump() + "\n");
 }
 
+TEST_F(LogCommand, IsJsonEvenWhereNothingIsFound) {
+  const ordered_json expected = {{"ok", true}, {"records", 0}};
+  EXPECT_EQ(json(words({"--grep", "no such text"}), 0), expected);
+}
+
 TEST_F(LogCommand, FollowsWhatIsWritten) {
   Child log({TOLVEXCTL, "log", "--dir", logs.path(), "-f", "-n", "1", "--count", "2"});
   EXPECT_EQ(log.readLine().value_or("none") + "\n", kFourth);
@@ -77,6 +82,10 @@ TEST_F(LogCommand, SaysWhatIsWrongWithItsArguments) {
   const ordered_json missing = json({"log", "--dir", logs.file("missing")}, 1);
   EXPECT_EQ(missing["error"]["message"], "there is no log in " + logs.file("missing"));
   EXPECT_EQ(json({"log", "--level", "loud"}, 2)["ok"], false);
+  EXPECT_EQ(json({"log", "-n", "-1"}, 2)["error"]["message"],
+            "--lines: \"-1\" is no whole number from 0 to 1000000000");
+  EXPECT_EQ(json({"log", "-C", "0"}, 2)["error"]["message"],
+            "--count: \"0\" is no whole number from 1 to 1000000000");
   EXPECT_EQ(json({"log", "--since", "yesterday"}, 2)["ok"], false);
 }
 
