@@ -119,8 +119,10 @@ void addLogs(ZipWriter& zip, const std::vector<std::string>& folders) {
 
 void checkBundlePath(const std::string& path, bool force) {
   std::error_code ignored;
-  if (fs::is_directory(fs::u8path(path), ignored)) refuse(path);
-  if (force || !fs::exists(fs::u8path(path), ignored)) return;
+  if (!fs::exists(fs::u8path(path), ignored)) return;
+  // No device such as /dev/null: what is written takes the place of what is there.
+  if (!fs::is_regular_file(fs::u8path(path), ignored)) refuse(path);
+  if (force) return;
   throw Failure(ExitCode::Failed, "there is a file " + path + " already",
                 "Name another one, or add --force to replace it.");
 }

@@ -59,6 +59,21 @@ TEST_F(BundleTest, DoesNotReplaceAFileUnasked) {
   EXPECT_EQ(readBytes(home.file("b.zip")).substr(0, 2), "PK");
 }
 
+TEST_F(BundleTest, PutsNoFileInThePlaceOfADevice) {
+  std::filesystem::create_symlink("/dev/null", home.file("b.zip"));
+  EXPECT_EQ(bundle({"--force"}).exitCode, 1);
+  EXPECT_TRUE(std::filesystem::is_symlink(home.file("b.zip")));
+}
+
+TEST_F(BundleTest, ShowsTheReportWhereItCanNotWrite) {
+  const std::string path = home.file("missing/b.zip");
+  const Finished finished = tolvexctl({"doctor", "--host", "127.72.255.254", "--bundle", path});
+  EXPECT_EQ(finished.exitCode, 1);
+  EXPECT_EQ(finished.out.substr(0, 45), "tolvexctl doctor: the service is not running:");
+  EXPECT_EQ(finished.err.substr(0, finished.err.find('\n')),
+            "tolvexctl: cannot write the bundle " + path);
+}
+
 TEST_F(BundleTest, LeavesNothingHalfWritten) {
   const std::string path = home.file("missing/b.zip");
   const ordered_json value = json({"doctor", "--host", "127.72.255.254", "--bundle", path}, 1);
