@@ -45,8 +45,10 @@ std::string environmentText() {
 
 // The library as the report found it; null where it was not found.
 ordered_json libraryOf(const Report& report) {
-  const Layer& library = report.layers.front();
-  return library.findings.empty() ? ordered_json() : library.findings.front().facts;
+  for (const Finding& finding : report.layers.front().findings) {
+    if (finding.facts.contains("path")) return finding.facts;
+  }
+  return nullptr;
 }
 
 std::string versionsText(const Report& report) {
@@ -82,7 +84,13 @@ ExitCode runDoctor(Context& context, const Options& options) {
   std::string text = toText(report, paint);
   ordered_json value = toJson(report);
   if (!options.bundle.empty()) {
-    writeBundle(options.bundle, contentsOf(context, examination, report));
+    try {
+      writeBundle(options.bundle, contentsOf(context, examination, report));
+    } catch (const Failure&) {
+      // What was found may be why: a full disk.
+      if (!context.out.json()) context.out.result({}, text);
+      throw;
+    }
     text +=
         "\nThe bundle for support is " + options.bundle + ". Texts of receipts are masked in it.\n";
     value["bundle"] = options.bundle;

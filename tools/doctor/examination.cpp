@@ -1,9 +1,11 @@
 #include "doctor/examination.h"
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 #include <system_error>
 
+#include "base/printable.h"
 #include "base/version.h"
 #include "doctor/code_page_check.h"
 #include "doctor/ini_examination.h"
@@ -33,6 +35,23 @@ std::string missingExports(const Library& library) {
   for (const ExportRow& row : exportTable()) {
     if (library.find(row.name.c_str()) == nullptr) names += (names.empty() ? "" : ", ") + row.name;
   }
+  return names;
+}
+
+// Files whose name begins like that of the INI file, as editors and the Explorer make them.
+std::vector<std::string> similarFiles(const std::string& folder) {
+  const std::string stem = fs::u8path(kIniName).stem().u8string();
+  std::vector<std::string> names;
+  std::error_code error;
+  for (fs::directory_iterator entry(fs::u8path(folder), error), end; !error && entry != end;
+       entry.increment(error)) {
+    std::string name = entry->path().filename().u8string();
+    std::string lower = name;
+    std::transform(lower.begin(), lower.end(), lower.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (lower.compare(0, stem.size(), stem) == 0) names.push_back(printable(name));
+  }
+  std::sort(names.begin(), names.end());
   return names;
 }
 
@@ -121,7 +140,9 @@ Report Examination::run() {
 }
 
 Examination::Findings Examination::library() {
-  Findings findings;
+  Findings findings = {fine("tolvexctl is version " + std::string(version()) + ", x64, on " +
+                            platform::systemName())};
+  findings.back().facts = {{"version", version()}, {"system", platform::systemName()}};
   try {
     const Library& library = context_.library();
     const std::string libraryVersion = library.version();
@@ -151,7 +172,10 @@ Examination::Findings Examination::address() {
   if (!globals_.host.empty()) {
     address_ = globals_.host;
     source_ = "--host";
-    return {info("the address is " + address_ + ", as --host says; no INI file is read")};
+    Findings findings = {
+        info("the address is " + address_ + ", as --host says; no INI file is read")};
+    for (Finding& finding : examineZeros(address_)) findings.push_back(std::move(finding));
+    return findings;
   }
   try {
     return addressFromIni(globals_.app.empty() ? folderOf(tolvex::platform::hostExecutableUtf8())
@@ -168,7 +192,14 @@ Examination::Findings Examination::addressFromIni(const std::string& folder) {
   std::string bytes;
   std::error_code error;
   if (!fs::exists(fs::u8path(iniPath_), error)) {
-    return {info("the address is " + address_ + ", the default: there is no " + iniPath_)};
+    Findings findings = {
+        info("the address is " + address_ + ", the default: there is no " + iniPath_)};
+    for (const std::string& name : similarFiles(folder)) {
+      findings.push_back(warning("the library does not read " + name + " in that folder",
+                                 std::string("If it is to tell the address, call it ") + kIniName +
+                                     " (Windows may hide what stands behind the last point)."));
+    }
+    return findings;
   }
   if (!tolvex::platform::readFile(iniPath_.c_str(), bytes)) {
     return {failed(iniPath_ + " can not be read",

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cstdlib>
 
 #include "base/printable.h"
 #include "base/trimmed.h"
@@ -36,6 +37,7 @@ struct NearMiss {
   unsigned line;
   std::string reason;
   std::string fix;
+  bool sure = true;  // another name may be meant for something else
 };
 
 std::string reasonOfKey(std::string_view key) {
@@ -83,7 +85,7 @@ class LineWalk {
 
   void entry(std::string_view line) {
     const std::string_view key = line.substr(0, line.find('='));
-    if (lower(trimmed(key)) != kKey) return;
+    if (lower(trimmed(key)) != kKey) return otherName(line);
     std::string reason = reasonOfKey(key);
     const bool inSection = section_ == kSection && anySection_;
     if (reason.empty() && inSection) return;
@@ -96,8 +98,19 @@ class LineWalk {
     misses_.push_back({number_, reason, fixFor(line, inSection)});
   }
 
+  // An address in the right section under no name that the library looks for.
+  void otherName(std::string_view line) {
+    const std::size_t sign = line.find_first_of("=:");
+    if (sign == std::string_view::npos || section_ != kSection || line.front() == '#') return;
+    const std::string_view name = trimmed(line.substr(0, sign));
+    if (name.empty() || !config::isIpv4Address(trimmed(line.substr(sign + 1)))) return;
+    const std::string reason =
+        lower(name) == kKey ? "there is a ':' instead of the '='" : reasonOfKey(name);
+    misses_.push_back({number_, reason, fixFor(line, true), false});
+  }
+
   std::string fixFor(std::string_view line, bool inSection) const {
-    const std::size_t equals = line.find('=');
+    const std::size_t equals = line.find_first_of("=:");
     const std::string_view value =
         equals == std::string_view::npos ? std::string_view() : trimmed(line.substr(equals + 1));
     const std::string address =
@@ -153,6 +166,24 @@ Finding missFinding(const NearMiss& miss, const std::string& path, bool harms) {
 
 }  // namespace
 
+std::vector<Finding> examineZeros(const std::string& address) {
+  std::string plain;
+  bool differs = false;
+  for (std::string_view rest = address; !rest.empty();) {
+    const std::size_t end = std::min(rest.find('.'), rest.size());
+    const std::string part(rest.substr(0, end));
+    const int number = std::atoi(part.c_str());
+    // Up to 7 both ways of reading give the same.
+    differs = differs || (part.size() > 1 && part.front() == '0' && number > 7);
+    plain += (plain.empty() ? "" : ".") + std::to_string(number);
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+  }
+  if (!differs) return {};
+  return {failed("a number in the address " + address +
+                     " begins with 0, and so is read as an octal number: it is another address",
+                 "Write it without the zeros: " + plain + '.')};
+}
+
 IniExamination examineIni(std::string_view bytes, const std::string& path) {
   IniExamination result;
   const std::string encoding = encodingTrouble(bytes);
@@ -175,7 +206,12 @@ IniExamination examineIni(std::string_view bytes, const std::string& path) {
   } else if (misses.empty()) {
     result.findings.push_back(warning(path + " has no ip_addr in [zelkad]", kWanted));
   }
-  for (const NearMiss& miss : misses) result.findings.push_back(missFinding(miss, path, !valid));
+  for (const NearMiss& miss : misses) {
+    if (miss.sure || !valid) result.findings.push_back(missFinding(miss, path, !valid));
+  }
+  for (Finding& finding : examineZeros(result.address)) {
+    result.findings.push_back(std::move(finding));
+  }
   return result;
 }
 

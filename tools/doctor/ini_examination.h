@@ -18,4 +18,7 @@ struct IniExamination {
 // names are compared exactly. `path` is for the texts.
 IniExamination examineIni(std::string_view bytes, const std::string& path);
 
+// What zeros at the head of a number in an address do: connections read such a number as an octal one.
+std::vector<Finding> examineZeros(const std::string& address);
+
 }  // namespace tolvex::ctl

@@ -111,6 +111,7 @@ TEST_F(DoctorTest, FindsNothingWrongWhereNothingIs) {
     EXPECT_NE(layer["state"], "failed") << layer.dump(2);
     EXPECT_NE(layer["state"], "skipped") << layer.dump(2);
   }
+  EXPECT_EQ(report["layers"][0]["findings"][0]["version"], TOLVEX_VERSION);
   const ordered_json& scale = report["layers"][6]["findings"][0];
   EXPECT_EQ(scale["message"], "the scale shows net 0.482 kg, tare 0 kg, stable");
   EXPECT_EQ(scale["state"], "fine");
@@ -147,6 +148,17 @@ TEST_F(DoctorTest, NamesABlankInTheIniFile) {
        "ip_addr in " + iniPath() + ", line 2 is not found: there is a blank before the '='",
        nullptr, "",
        "Write the line as \"ip_addr=" + simulator.address() + "\", without any blank."});
+}
+
+TEST_F(DoctorTest, WarnsOfAnIniFileWithAnotherName) {
+  Words words = forApplication("");
+  std::filesystem::remove(std::filesystem::u8path(iniPath()));
+  writeBytes(app.file("zelkad_ip_config.ini.txt"), "[zelkad]\nip_addr=10.1.2.3\n");
+  words.insert(words.end(), {"--skip", "ports,service,scale,printers"});
+  const ordered_json report = json(words, 0);
+  EXPECT_EQ(report["layers"][1]["state"], "warning");
+  EXPECT_EQ(report["layers"][1]["findings"][1]["message"],
+            "the library does not read zelkad_ip_config.ini.txt in that folder");
 }
 
 TEST_F(DoctorTest, TakesTheAddressOfAnIniFileThatIsRight) {

@@ -104,6 +104,28 @@ TEST(ExamineIni, WarnsOfALineThatDoesNothing) {
                    "'=' / Write the line as \"ip_addr=10.9.9.9\", without any blank."}));
 }
 
+TEST(ExamineIni, NamesAnAddressUnderAnotherName) {
+  EXPECT_EQ(iniFindings("[zelkad]\nip_adr=10.1.2.3\n"),
+            Lines{std::string("failed: ip_addr in till.ini, line 2 is not found: it is written "
+                              "\"ip_adr\" instead of \"ip_addr\" / ") +
+                  kWriteIt});
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr: 10.1.2.3\n"),
+            Lines{std::string("failed: ip_addr in till.ini, line 2 is not found: there is a ':' "
+                              "instead of the '=' / ") +
+                  kWriteIt});
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=10.1.2.3\nbackup=10.1.2.4\n"),
+            Lines{"fine: till.ini names the address 10.1.2.3"});
+}
+
+TEST(ExamineIni, TellsWhatZerosDoToAnAddress) {
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=192.168.010.003\n"),
+            (Lines{"fine: till.ini names the address 192.168.010.003",
+                   "failed: a number in the address 192.168.010.003 begins with 0, and so is read "
+                   "as an octal number: it is another address / Write it without the zeros: "
+                   "192.168.10.3."}));
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=10.0.0.007\n").size(), 1u);
+}
+
 TEST(ExamineIni, WarnsOfAFileWithoutTheKey) {
   for (const char* bytes : {"", "[zelkad]\n", "[zelkad]\n;ip_addr=10.1.2.3\n"}) {
     EXPECT_EQ(
