@@ -41,6 +41,25 @@ TEST_F(Weigh, SaysInWordsWhyThereIsNoWeight) {
   EXPECT_EQ(json({"weigh"}, 4)["error"]["name"], "LC_NOT_CONNECTED");
 }
 
+TEST_F(Weigh, TakesAReplyThatCanNotBeReadForNoRefusalOfTheScale) {
+  simulator.type("wire oversized command=getbaseinfo");
+  const ordered_json value = json({"weigh"}, 3);
+  EXPECT_EQ(value["error"]["message"],
+            "cannot read the scale's base information: the library can not read the service's "
+            "reply");
+  EXPECT_EQ(value["error"]["code"], 5);
+  EXPECT_EQ(value["error"]["remedy"],
+            "Run tolvexctl doctor, which shows what is wrong with the replies.");
+}
+
+TEST_F(Weigh, SaysWhereToLookUpANumberThatIsTheServicesOwn) {
+  simulator.type("wire result code=99999");
+  const ordered_json value = json({"weigh"}, 4);
+  EXPECT_EQ(value["error"]["code"], 99999);
+  EXPECT_EQ(value["error"]["remedy"],
+            "The number is none of the library's, but the service's own: read its log.");
+}
+
 TEST_F(Weigh, GivesEachOfManyReadingsALine) {
   simulator.type("load 0.25");
   const Finished finished = tolvexctl({"weigh", "--count", "2", "--interval", "1ms", "--json"});

@@ -41,9 +41,7 @@ ordered_json textOrNull(const std::string& text) {
 }
 
 std::string remedyOf(const Failure& failure) {
-  if (!failure.remedy.empty() || !failure.code) return failure.remedy;
-  const CodeText* const row = findCode(*failure.code);
-  return row != nullptr ? row->remedy : "";
+  return failure.remedy.empty() && failure.code ? ctl::remedyOf(*failure.code) : failure.remedy;
 }
 
 ordered_json failureAsJson(const Failure& failure) {
@@ -126,7 +124,7 @@ ordered_json toJson(int code) {
             {"name", nullptr},
             {"text", nullptr},
             {"meaning", nullptr},
-            {"remedy", nullptr}};
+            {"remedy", remedyOf(code)}};
   }
   return {{"code", code},
           {"name", row->name},

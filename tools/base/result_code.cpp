@@ -39,6 +39,14 @@ const CodeText* findCode(int code) {
   return row != nullptr ? row : findIn(answers(), code);
 }
 
+std::string remedyOf(int code) {
+  if (code == TOLVEX_RESULT_OK) return "";
+  const CodeText* const row = findCode(code);
+  return row != nullptr
+             ? row->remedy
+             : "The number is none of the library's, but the service's own: read its log.";
+}
+
 // 2001 is told by a service that answers: the library itself has a connection, be it a broken one.
 ExitCode exitOf(int code) {
   switch (code) {

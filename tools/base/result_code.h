@@ -27,6 +27,9 @@ const std::vector<CodeText>& answers();
 /// The code's row, first among the codes, then among the answers; null for any other number.
 const CodeText* findCode(int code);
 
+/// What to do about the code; for a number that is none, where to look it up. Empty for 0.
+std::string remedyOf(int code);
+
 /// The exit status for what a command ended with.
 ExitCode exitOf(int code);
 

@@ -70,8 +70,8 @@ std::string statusAsText(const Status& status, Output& out) {
       std::to_string(status.printer) + " " + printerName(status.printer) + ": ";
   if (status.code == TOLVEX_RESULT_OK) return name + out.paint(Colour::Good, "ready") + '\n';
   std::string text = name + out.paint(Colour::Bad, codeLine(status.code)) + '\n';
-  if (row != nullptr) text += std::string("  ") + row->meaning + "\n  fix: " + row->remedy + '\n';
-  return text;
+  if (row != nullptr) text += std::string("  ") + row->meaning + '\n';
+  return text + "  fix: " + remedyOf(status.code) + '\n';
 }
 
 ExitCode status(Context& context, const std::optional<unsigned>& printer) {
@@ -93,7 +93,7 @@ ExitCode status(Context& context, const std::optional<unsigned>& printer) {
 
 std::vector<std::string> listPrinters(Service& service) {
   const Answer answer = service.read(TOLVEX_EXPORT(GetPrinterList), kReplySize);
-  Service::checkVerdict("list the printers", answer);
+  Service::checkReading("list the printers", answer);
   std::vector<std::string> names;
   const std::string text = textIn(answer.bytes);
   for (std::size_t begin = 0; begin < text.size();) {

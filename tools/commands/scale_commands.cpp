@@ -18,7 +18,7 @@ ExitCode zero(Context& context) {
 template <typename Function>
 ExitCode changeTare(Context& context, const std::string& purpose, Export<Function> function) {
   const Answer answer = context.service().read(function, kTareSize);
-  Service::checkVerdict(purpose, answer);
+  Service::checkReading(purpose, answer);
   const std::string tare = textIn(answer.bytes);
   context.out.result({{"tare", tare}}, "tare " + printable(tare) + '\n');
   return ExitCode::Fine;

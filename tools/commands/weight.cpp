@@ -64,6 +64,7 @@ std::optional<Weight> weightIn(const tolvex_weight& record) {
 
 Weight readWeight(Service& service) {
   const Answer answer = service.read(TOLVEX_EXPORT(read_standard), sizeof(tolvex_weight));
+  if (answer.value == TOLVEX_FAILED) Service::checkReading("weigh", answer);
   if (answer.value != TOLVEX_OK) throw Failure("cannot weigh", codeOf(answer));
   tolvex_weight record;
   std::memcpy(&record, answer.bytes.data(), sizeof(record));
@@ -74,7 +75,7 @@ Weight readWeight(Service& service) {
 
 tolvex_base_info readBaseInfo(Service& service) {
   const Answer answer = service.read(TOLVEX_EXPORT(read_baseinfo), sizeof(tolvex_base_info));
-  Service::checkVerdict("read the scale's base information", answer);
+  Service::checkReading("read the scale's base information", answer);
   tolvex_base_info info;
   std::memcpy(&info, answer.bytes.data(), sizeof(info));
   return info;

@@ -69,7 +69,7 @@ Examination::Findings Examination::printers() {
   Findings findings;
   try {
     const Answer answer = serviceOfLibrary().read(TOLVEX_EXPORT(GetPrinterList), kLongestList);
-    Service::checkVerdict("read the list of printers", answer);
+    Service::checkReading("read the list of printers", answer);
     const std::string list = printable(textIn(answer.bytes));
     if (list.empty()) {
       return {failedWith(TOLVEX_RESULT_PRINTER_NOT_FOUND, "the service knows no printer",

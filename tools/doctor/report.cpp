@@ -47,9 +47,7 @@ int badness(Mark mark) {
 }
 
 std::string fixOf(const Finding& finding) {
-  if (!finding.fix.empty() || !finding.code || *finding.code == 0) return finding.fix;
-  const CodeText* const row = findCode(*finding.code);
-  return row != nullptr ? row->remedy : "";
+  return finding.fix.empty() && finding.code ? remedyOf(*finding.code) : finding.fix;
 }
 
 std::string meaningOf(const Finding& finding) {

@@ -28,6 +28,18 @@ void Service::checkVerdict(const std::string& purpose, const Answer& answer) {
   throw Failure("cannot " + purpose, failed ? answer.lastError : answer.value);
 }
 
+void Service::checkReading(const std::string& purpose, const Answer& answer) {
+  const bool unreadable =
+      answer.value == TOLVEX_FAILED && (answer.lastError == TOLVEX_RESULT_BUFFER_NOT_ENOUGH ||
+                                        answer.lastError == TOLVEX_RESULT_JSON_ERR);
+  if (!unreadable) return checkVerdict(purpose, answer);
+  Failure failure("cannot " + purpose + ": the library can not read the service's reply",
+                  answer.lastError);
+  failure.exit = ExitCode::Unreachable;
+  failure.remedy = "Run tolvexctl doctor, which shows what is wrong with the replies.";
+  throw Failure(failure);
+}
+
 void Service::checkCode(const std::string& purpose, int code) {
   if (code != TOLVEX_RESULT_OK) throw Failure("cannot " + purpose, code);
 }

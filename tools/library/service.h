@@ -92,6 +92,9 @@ class Service {
   }
 
   static void checkVerdict(const std::string& purpose, const Answer& answer);
+  /// The same for an export that takes a reply apart: one that it can not read is no refusal of the
+  /// device.
+  static void checkReading(const std::string& purpose, const Answer& answer);
   static void checkCode(const std::string& purpose, int code);
 
  private:
