@@ -147,7 +147,7 @@ std::string explained(int code) {
 }
 
 // A text in a record may end in the middle of a character.
-std::string shown(const ordered_json& record) {
+std::string recordAsText(const ordered_json& record) {
   return printable(record.dump(-1, ' ', false, ordered_json::error_handler_t::replace));
 }
 
@@ -163,7 +163,7 @@ std::string outcomeAsText(const ExportCall& call, const CallOutcome& outcome,
   for (const auto& [name, buffer] : value["buffers"].items()) {
     text += "  " + name + ": \"" + printable(buffer["text"].get<std::string>()) + "\"\n";
     if (buffer["hex"] != "") text += "    " + buffer["hex"].get<std::string>() + '\n';
-    if (buffer.contains("record")) text += "    " + shown(buffer["record"]) + '\n';
+    if (buffer.contains("record")) text += "    " + recordAsText(buffer["record"]) + '\n';
   }
   return text;
 }
