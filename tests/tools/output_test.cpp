@@ -77,7 +77,9 @@ TEST_F(OutputTest, TakesTheRemedyOfACodeFromTheTable) {
 
 TEST_F(OutputTest, TellsACodeThatNobodyKnows) {
   text.failure(Failure("cannot weigh", 3001));
-  EXPECT_EQ(streams.err, "tolvexctl: cannot weigh: 3001\n");
+  EXPECT_EQ(streams.err,
+            "tolvexctl: cannot weigh: 3001\n"
+            "fix: The number is none of the library's, but the service's own: read its log.\n");
 }
 
 TEST_F(OutputTest, HasColoursOnlyWhereTheyAreWanted) {
