@@ -42,12 +42,16 @@ third_party() {
   done <packaging/third-party.tsv
 }
 
-# A package's copyright file. Boost's lists each of its files, megabytes of them: its licences are enough.
+# A package's copyright file. Boost's lists each of its files, megabytes of them: its licences are enough. Of
+# Doxygen only what it puts into its pages is passed on: its own scripts and those of others.
 licence_texts() {
   local file=/usr/share/doc/$1/copyright
   [ -r "$file" ] || fail "$file is missing, which tells the licence of $1."
   case $1 in
     libboost*) perl -00 -ne 'print if /\ALicense: (BSL-1\.0|Zlib)\n ./' "$file" ;;
+    doxygen)
+      printf 'Scripts of the pages: Copyright (C) 1997-2020 by Dimitri van Heesch\nLicense: Expat\n\n'
+      perl -00 -ne 'print if m{\AFiles: jquery/} || /\ALicense: Expat\n ./' "$file" ;;
     *) cat "$file" ;;
   esac
 }
@@ -57,8 +61,8 @@ notices() {
   local rows name package its_version licence purpose
   rows=$(third_party "$1")
   printf 'Third-party notices of tolvex %s\n\n' "$full_version"
-  printf 'The library and the programs contain parts of the works below. Each is named with its licence, its\n'
-  printf 'version as packaged by Debian, and what it serves for; the texts of the licences follow.\n\n'
+  printf 'The library, the programs and the documents contain parts of the works below. Each is named with its\n'
+  printf 'licence, its version as packaged by Debian, and what it serves for; the texts of the licences follow.\n\n'
   while IFS=$'\t' read -r name package its_version licence purpose; do
     printf '  %s\n    %s %s\n    %s\n    %s\n' "$name" "$package" "$its_version" "$licence" "$purpose"
   done <<<"$rows"

@@ -48,7 +48,7 @@ grep -oE 'pkg:deb/debian/[^"]*' "$sbom" | sed 's|pkg:deb/debian/||; s/%2B/+/g' |
   equals "the version of $package" "$(dpkg-query -W -f='${Version}' "$package")" "$version"
 done
 
-for phrase in 'Milo Yip' 'Boost Software License - Version 1.0' 'Henry Schreiner' 'Niels Lohmann' 'Sean Barrett'; do
+for phrase in 'Milo Yip' 'Boost Software License - Version 1.0' 'Henry Schreiner' 'Niels Lohmann' 'Sean Barrett' 'Dimitri van Heesch' 'OpenJS Foundation' 'Ariel Flesler'; do
   grep -q "$phrase" "$notices" || failed "the notices lack: $phrase"
 done
 if [ "$2" = windows ]; then
