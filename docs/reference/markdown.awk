@@ -49,13 +49,47 @@ inBlock { print; next }
   next
 }
 
+# Here, the reference is at hand, and the header a page of it.
+/^\| reference \|/ {
+  sub(/reference/, "<a href=\"modules.html\">reference</a>")
+  sub(/ by `.*` /, " ")
+}
+
+# Doxygen shows backquotes in the text of a link to a label as they are.
+function withoutCode(text,   start) {
+  for (start = length(text); start > 0 && substr(text, start, 1) != "["; start--);
+  return substr(text, 1, start - 1) plain(substr(text, start))
+}
+
+function plain(text) {
+  gsub(/`/, "", text)
+  return text
+}
+
+# For Doxygen code with an apostrophe in it needs two backquotes.
+function withQuotes(line,   parts, n, i, all) {
+  n = split(line, parts, "`")
+  if (n % 2 == 0) return line # goes on in another line
+  for (i = 1; i <= n; i++) {
+    if (i % 2) all = all parts[i]
+    else if (parts[i] ~ /\047/) all = all "``" parts[i] "``"
+    else all = all "`" parts[i] "`"
+  }
+  return all
+}
+
 {
-  rest = $0
+  rest = withQuotes($0)
   done = ""
   while (match(rest, /\]\([^)]*\)/)) {
     link = substr(rest, RSTART + 2, RLENGTH - 3)
-    if (link ~ /^#/ || link ~ /^[^:]*\.md(#.*)?$/) link = labelOf(link)
-    done = done substr(rest, 1, RSTART - 1) "](" link ")"
+    text = substr(rest, 1, RSTART - 1)
+    if (link ~ /^#/ || link ~ /^[^:]*\.md(#.*)?$/) {
+      link = labelOf(link)
+      text = withoutCode(text)
+    }
+    sub(/^.*\/src\/api\/exports\.h$/, "exports_8h.html", link)
+    done = done text "](" link ")"
     rest = substr(rest, RSTART + RLENGTH)
   }
   print done rest

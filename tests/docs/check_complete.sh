@@ -28,5 +28,9 @@ for word in tolvex_base_info tolvex_weight TOLVEX_RESULT_OUT_OF_PAPER TOLVEX_WEI
   grep -q "$word" <<<"$reference" || complain "the reference lacks $word"
 done
 [ -f "$folder/html/md_docs_result_codes.html" ] || ls "$folder"/html/*result*codes*.html >/dev/null || complain "the reference lacks the result codes"
+# Marks that Doxygen did not understand stand in the pages as they are.
+! grep -n '`' "$folder"/html/docs-*.html || complain "the pages show backquotes"
+! grep -nE '&lsquo;-|</code>[A-Za-z]' "$folder"/html/docs-*.html || complain "the pages show code as text"
+
 [ $state = 0 ] && echo "all ${#exports[@]} exports are documented"
 exit $state
