@@ -104,7 +104,7 @@ use them, and run the installer again." /SD IDOK
   SetOutPath "$INSTDIR\bin" ; the working folder of the shortcuts
   CreateShortCut "$SMPROGRAMS\tolvex\Simulator.lnk" "$INSTDIR\bin\zelkad-sim.exe"
   CreateShortCut "$SMPROGRAMS\tolvex\Command prompt.lnk" "$SYSDIR\cmd.exe" '/k tolvexctl.exe --help'
-  CreateShortCut "$SMPROGRAMS\tolvex\Documentation.lnk" "$INSTDIR\docs"
+  CreateShortCut "$SMPROGRAMS\tolvex\Documentation.lnk" "$INSTDIR\docs\html\index.html"
   CreateShortCut "$SMPROGRAMS\tolvex\Uninstall.lnk" "$INSTDIR\uninstall.exe"
   SetOutPath "$INSTDIR"
 
