@@ -12,6 +12,7 @@ namespace {
 
 constexpr char kExplainCommandExamples[] =
     "  tolvexctl explain 2006             a number from the log or from getLastErrCode()\n"
+    "  tolvexctl explain 2006 1007        several of them\n"
     "  tolvexctl explain out of paper     a name or a text, in any spelling\n"
     "  tolvexctl explain 0xff             as the log writes it\n"
     "  tolvexctl explain -1               an unreadable reply\n"
@@ -50,12 +51,24 @@ std::string joined(const std::vector<std::string>& words, const char* separator)
                 similar.empty() ? list : "Do you mean " + joined(similar, ", ") + "? " + list);
 }
 
-std::vector<const CodeText*> find(const Options& options) {
-  if (options.all) return allRows();
-  const std::string asked = joined(options.words, " ");
+std::vector<const CodeText*> rowsFor(const std::string& asked) {
   const std::optional<int> number = numberIn(asked);
   std::vector<const CodeText*> rows = number ? findByNumber(*number) : findByName(asked);
   if (rows.empty()) refuse(asked);
+  return rows;
+}
+
+// Several numbers are several questions, other words make up one name.
+std::vector<const CodeText*> find(const Options& options) {
+  if (options.all) return allRows();
+  const bool areNumbers =
+      std::all_of(options.words.begin(), options.words.end(),
+                  [](const std::string& word) { return numberIn(word).has_value(); });
+  if (!areNumbers) return rowsFor(joined(options.words, " "));
+  std::vector<const CodeText*> rows;
+  for (const std::string& word : options.words) {
+    for (const CodeText* row : rowsFor(word)) rows.push_back(row);
+  }
   return rows;
 }
 

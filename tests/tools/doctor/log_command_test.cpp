@@ -115,6 +115,15 @@ TEST_F(ExplainCommand, KnowsTheAnswersToo) {
   EXPECT_GT(json({"explain", "--all"}, 0)["codes"].size(), 30u);
 }
 
+TEST_F(ExplainCommand, TakesSeveralNumbersForSeveralQuestions) {
+  const ordered_json codes = json({"explain", "2006", "1007"}, 0)["codes"];
+  ASSERT_EQ(codes.size(), 2u);
+  EXPECT_EQ(codes[0]["name"], "OUT_OF_PAPER");
+  EXPECT_EQ(codes[1]["name"], "LC_NOT_CONNECTED");
+  EXPECT_EQ(json({"explain", "2006", "2004"}, 1)["error"]["message"],
+            "there is no code or name \"2004\"");
+}
+
 TEST_F(ExplainCommand, SuggestsNamesForOneThatIsNotThere) {
   const ordered_json paper = json({"explain", "paper"}, 1);
   EXPECT_EQ(paper["error"]["message"], "there is no code or name \"paper\"");
