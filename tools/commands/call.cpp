@@ -162,7 +162,8 @@ std::string outcomeAsText(const ExportCall& call, const CallOutcome& outcome,
   if (outcome.value == TOLVEX_FAILED) text += "  last error: " + explained(outcome.lastError);
   for (const auto& [name, buffer] : value["buffers"].items()) {
     text += "  " + name + ": \"" + printable(buffer["text"].get<std::string>()) + "\"\n";
-    if (buffer["hex"] != "") text += "    " + buffer["hex"].get<std::string>() + '\n';
+    const auto digits = buffer["hex"].get<std::string>();
+    if (!digits.empty()) text += "    " + digits + '\n';
     if (buffer.contains("record")) text += "    " + recordAsText(buffer["record"]) + '\n';
   }
   return text;

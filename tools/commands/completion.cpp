@@ -106,8 +106,9 @@ std::string describe(const CLI::App& app, const std::string& path, const Registr
     }
     for (const std::string& name : dashed(*option)) {
       options.push_back(name);
-      if (option->get_items_expected_max() != 0)
-        text += entry("values", path + ' ' + name, offered);
+      if (option->get_items_expected_max() == 0) continue;
+      std::string words = path;
+      text += entry("values", words.append(" ").append(name), offered);
     }
   }
   for (const CLI::App* const command : app.get_subcommands([](const CLI::App*) { return true; })) {

@@ -28,8 +28,9 @@ std::string rangesText(const ordered_json& scale, const std::string& unit) {
   std::string text;
   for (const ordered_json& range : scale["ranges"]) {
     if (range["max"] == 0) continue;
-    text += (text.empty() ? "" : "; ") + toText(range["max"].get<double>()) + unit + " in " +
-            toText(range["resolution"].get<double>()) + unit;
+    if (!text.empty()) text += "; ";
+    text.append(toText(range["max"].get<double>())).append(unit);
+    text.append(" in ").append(toText(range["resolution"].get<double>())).append(unit);
   }
   return text;
 }
