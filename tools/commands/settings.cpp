@@ -22,28 +22,28 @@ enum class Whose { PrinterType, PrinterName, Nobody };
 struct Setting {
   const char* word;
   const char* exportName;  // its first parameter is the value, its second the printer
-  Whose whose;
   const char* description;
+  Whose whose;
   bool isSwitch;  // on or off, sent as 1 or 0
 };
 
 constexpr Setting kSettings[] = {
-    {"width", "setDefaultPaperWidth", Whose::PrinterType, "Width of the paper in mm", false},
-    {"gap-type", "setGapType", Whose::PrinterType, "How labels are told apart, a number", false},
-    {"direction", "setPrinterDirection", Whose::PrinterType, "Which way round is printed, a number",
+    {"width", "setDefaultPaperWidth", "Width of the paper in mm", Whose::PrinterType, false},
+    {"gap-type", "setGapType", "How labels are told apart, a number", Whose::PrinterType, false},
+    {"direction", "setPrinterDirection", "Which way round is printed, a number", Whose::PrinterType,
      false},
-    {"wrap", "setTextWrapMode", Whose::PrinterType,
-     "What becomes of lines that are too long, a number", false},
-    {"left-margin", "setLeftMargin", Whose::PrinterName, "Left margin", false},
-    {"right-margin", "setRightMargin", Whose::PrinterName, "Right margin", false},
-    {"offset", "setPaperOffset", Whose::PrinterName, "Where on the paper printing begins", false},
-    {"contrast", "setPrintContrast", Whose::PrinterName, "How dark is printed", false},
-    {"speed", "setPrintSpeed", Whose::PrinterName, "How fast is printed", false},
-    {"autoprint", "setPrtAutoPrint", Whose::PrinterName, "Automatic printing", true},
-    {"rollback", "setRollback", Whose::PrinterName, "Rolling the paper back", true},
-    {"takeup-sensor", "setTakeupPaperSensor", Whose::PrinterName, "The sensor for taken paper",
+    {"wrap", "setTextWrapMode", "What becomes of lines that are too long, a number",
+     Whose::PrinterType, false},
+    {"left-margin", "setLeftMargin", "Left margin", Whose::PrinterName, false},
+    {"right-margin", "setRightMargin", "Right margin", Whose::PrinterName, false},
+    {"offset", "setPaperOffset", "Where on the paper printing begins", Whose::PrinterName, false},
+    {"contrast", "setPrintContrast", "How dark is printed", Whose::PrinterName, false},
+    {"speed", "setPrintSpeed", "How fast is printed", Whose::PrinterName, false},
+    {"autoprint", "setPrtAutoPrint", "Automatic printing", Whose::PrinterName, true},
+    {"rollback", "setRollback", "Rolling the paper back", Whose::PrinterName, true},
+    {"takeup-sensor", "setTakeupPaperSensor", "The sensor for taken paper", Whose::PrinterName,
      true},
-    {"overload-alarm", "setOverloadAlarm", Whose::Nobody, "The scale's alarm at overload", true},
+    {"overload-alarm", "setOverloadAlarm", "The scale's alarm at overload", Whose::Nobody, true},
 };
 
 constexpr char kSettingsExamples[] =

@@ -41,9 +41,15 @@ struct Reading {
 
 // A scale that has no weight now may have one in a moment; anything else is the end.
 bool mayPass(const Failure& failure) {
-  return failure.code == TOLVEX_RESULT_UNDER_LOAD || failure.code == TOLVEX_RESULT_OVER_LOAD ||
-         failure.code == TOLVEX_RESULT_INVALID_WEIGHT ||
-         failure.code == TOLVEX_RESULT_WEIGHT_NOT_STABLE;
+  switch (failure.code.value_or(TOLVEX_RESULT_OK)) {
+    case TOLVEX_RESULT_UNDER_LOAD:
+    case TOLVEX_RESULT_OVER_LOAD:
+    case TOLVEX_RESULT_INVALID_WEIGHT:
+    case TOLVEX_RESULT_WEIGHT_NOT_STABLE:
+      return true;
+    default:
+      return false;
+  }
 }
 
 Reading readOnce(Service& service) {
