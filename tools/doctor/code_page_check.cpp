@@ -102,7 +102,9 @@ std::vector<Finding> checkCodePage(const std::string& name, Conversion convert,
     if (lost.empty()) {
       whole.emplace_back(sample.language);
     } else if (charactersIn(lost).size() * 2 <= charactersIn(sample.text).size()) {
-      partial.push_back(what + ", which lacks " + lost + " of " + sample.language);
+      std::string text = what;
+      partial.push_back(
+          text.append(", which lacks ").append(lost).append(" of ").append(sample.language));
     } else {
       missing.emplace_back(sample.language);
     }

@@ -20,6 +20,7 @@ constexpr int kTimedOut = 10060;
 constexpr int kRefused = 10061;
 constexpr int kHostUnreachable = 10065;
 
+constexpr std::size_t kMostLookedAt = std::size_t{2} * kLongestReply;
 constexpr milliseconds kNextPiece(300);  // how long the rest of a reply may take
 
 // The socket library, in use.
@@ -100,7 +101,7 @@ PortState stateOf(int error) {
 ReplyState readOn(Connection& connection, ReplyProbe& probe, milliseconds limit) {
   const auto end = Clock::now() + limit;
   std::string whole = probe.reply;
-  while (whole.size() < 2 * kLongestReply && Clock::now() < end &&
+  while (whole.size() < kMostLookedAt && Clock::now() < end &&
          connection.receive(whole, kNextPiece) == ReplyState::Unreadable) {
     if (!isReadableReply(whole, probe.code)) continue;
     probe.reply = whole;
