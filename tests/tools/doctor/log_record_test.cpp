@@ -44,7 +44,8 @@ TEST(LogHeader, IsReadAsTheLoggerWritesIt) {
 TEST(LogHeader, IsReadFromWhatTheLoggerMakes) {
   char header[512];
   NLog::FormatHeader("DLL", 7, 39, header, sizeof(header));
-  const std::optional<LogHeader> read = parseLogHeader(std::string(header) + "text");
+  const std::string line = std::string(header) + "text";
+  const std::optional<LogHeader> read = parseLogHeader(line);
   ASSERT_TRUE(read.has_value());
   EXPECT_EQ(read->letter, 'E');
   EXPECT_EQ(read->line, 39u);
