@@ -10,8 +10,8 @@ target_compile_options(tolvex_options INTERFACE
 if(TOLVEX_SANITIZE)
   target_compile_options(tolvex_options INTERFACE
     -fsanitize=${TOLVEX_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -g1
-    # What is tested must keep up with its time limits; the tests themselves compile in half the time so.
-    $<IF:$<BOOL:$<TARGET_PROPERTY:TOLVEX_IS_TEST>>,-O0,-O1>)
+    # The library keeps up with its time limits; the programs and the tests compile in half the time so.
+    $<IF:$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>,-O0,-O1>)
   target_link_options(tolvex_options INTERFACE -fsanitize=${TOLVEX_SANITIZE})
   if(TOLVEX_SANITIZE MATCHES "thread")
     # Boost.Asio's fences, beside the locks that ThreadSanitizer does understand.

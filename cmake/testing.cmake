@@ -27,7 +27,7 @@ add_executable(test_headers ${PROJECT_SOURCE_DIR}/cmake/test_headers.cpp)
 target_link_libraries(test_headers PRIVATE tolvex::options gtest)
 set(tolvex_test_options -O1 $<$<CONFIG:RelWithDebInfo>:-g1>)
 target_compile_options(test_headers PRIVATE ${tolvex_test_options})
-set_target_properties(test_headers PROPERTIES TOLVEX_IS_TEST ON)
+set_target_properties(test_headers PROPERTIES TOLVEX_COMPILE_FAST ON)
 target_precompile_headers(test_headers PRIVATE <gtest/gtest.h> <filesystem> <functional> <string> <thread> <vector>)
 
 # A program of tests, without any CTest test of it yet.
@@ -36,7 +36,7 @@ function(tolvex_test_program name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   tolvex_unity(${name})
-  set_target_properties(${name} PROPERTIES TOLVEX_IS_TEST ON
+  set_target_properties(${name} PROPERTIES TOLVEX_COMPILE_FAST ON
     RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE tolvex::options ${arg_LIBRARIES} gtest_main)
