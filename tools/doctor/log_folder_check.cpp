@@ -35,7 +35,7 @@ std::string writeTrouble(const fs::path& folder) {
   errno = 0;
   trial << kTrialText;
   trial.close();
-  const std::string trouble = trial ? "" : "nothing can be written in it (" + reasonOf(errno) + ")";
+  std::string trouble = trial ? "" : "nothing can be written in it (" + reasonOf(errno) + ")";
   std::error_code ignored;
   fs::remove(path, ignored);
   return trouble;

@@ -9,18 +9,18 @@ namespace tolvex::ctl {
 namespace {
 
 struct Look {
-  Mark mark;
   const char* word;
   const char* shown;  // of one width
+  Mark mark;
   Colour colour;
 };
 
 constexpr Look kLooks[] = {
-    {Mark::Fine, "fine", "[ fine  ]", Colour::Good},
-    {Mark::Info, "info", "[ info  ]", Colour::Faint},
-    {Mark::Warning, "warning", "[warning]", Colour::Warning},
-    {Mark::Failed, "failed", "[FAILED ]", Colour::Bad},
-    {Mark::Skipped, "skipped", "[skipped]", Colour::Faint},
+    {"fine", "[ fine  ]", Mark::Fine, Colour::Good},
+    {"info", "[ info  ]", Mark::Info, Colour::Faint},
+    {"warning", "[warning]", Mark::Warning, Colour::Warning},
+    {"failed", "[FAILED ]", Mark::Failed, Colour::Bad},
+    {"skipped", "[skipped]", Mark::Skipped, Colour::Faint},
 };
 constexpr char kIndent[] = "          ";
 

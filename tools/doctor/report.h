@@ -21,7 +21,7 @@ enum class Mark {
 };
 
 // One thing that was looked at. Texts are UTF-8, in one line each.
-struct Finding {
+struct Finding {  // NOLINT(bugprone-exception-escape): moving JSON throws nothing
   Mark mark = Mark::Fine;
   std::string text;
   std::string fix;                   // what to do; empty: the result code's remedy, or nothing

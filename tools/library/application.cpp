@@ -20,7 +20,7 @@ constexpr char kDefaultAddress[] = "127.0.0.1";
 std::string addressInIni(const std::string& folder) {
   const std::string path = (fs::u8path(folder) / kIniName).u8string();
   try {
-    const std::string address = config::lookUp(config::readIniFile(path), kAddressKey);
+    std::string address = config::lookUp(config::readIniFile(path), kAddressKey);
     if (config::isIpv4Address(address)) return address;
   } catch (const std::exception&) {
     return kDefaultAddress;  // as the library takes it

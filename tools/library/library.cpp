@@ -61,11 +61,11 @@ std::string named(const std::string& path) {
 std::string chosenPath(const Globals& globals) {
   if (!globals.library.empty()) return named(globals.library);
   if (!globals.app.empty()) {
-    const std::string beside = libraryIn(fs::u8path(applicationFolder(globals.app)));
+    std::string beside = libraryIn(fs::u8path(applicationFolder(globals.app)));
     if (!beside.empty()) return beside;
   }
   for (const fs::path& folder : usualFolders()) {
-    const std::string path = libraryIn(folder);
+    std::string path = libraryIn(folder);
     if (!path.empty()) return path;
   }
   return "";

@@ -44,6 +44,6 @@ void Service::checkCode(const std::string& purpose, int code) {
   if (code != TOLVEX_RESULT_OK) throw Failure("cannot " + purpose, code);
 }
 
-std::string textIn(const std::string& buffer) { return buffer.c_str(); }
+std::string textIn(const std::string& buffer) { return buffer.substr(0, buffer.find('\0')); }
 
 }  // namespace tolvex::ctl

@@ -2,6 +2,9 @@
 
 #include <iconv.h>
 
+#include <cstdint>
+
+
 #include "platform/posix/charset.h"
 
 namespace tolvex::ctl::platform {
@@ -10,8 +13,8 @@ namespace tolvex::ctl::platform {
 std::optional<std::string> toAnsi(const std::string& utf8) {
   const std::string charset = tolvex::platform::userCharset();
   if (charset == tolvex::platform::kUtf8) return utf8;
-  const iconv_t conversion = ::iconv_open(charset.c_str(), tolvex::platform::kUtf8);
-  if (conversion == iconv_t(-1)) return std::nullopt;
+  iconv_t conversion = ::iconv_open(charset.c_str(), tolvex::platform::kUtf8);
+  if (reinterpret_cast<std::intptr_t>(conversion) == -1) return std::nullopt;
   std::string in = utf8;
   std::string out(utf8.size() * 4 + 16, '\0');
   char* input = in.data();
