@@ -4,7 +4,6 @@
 
 #include <cstdint>
 
-
 #include "platform/posix/charset.h"
 
 namespace tolvex::ctl::platform {
