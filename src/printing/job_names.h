@@ -8,7 +8,8 @@ struct JobName {
   const char* name;
 };
 
-// Further types have their number as their name.
+// Further types have their number as their name. In the log so have those with a name of more than 15
+// characters.
 constexpr JobName kJobNames[] = {
     {0, "0_Ticket"},        {2, "2_DOT_LBL"},
     {4, "4_FEED"},          {7, "7_IMG_TKT"},
