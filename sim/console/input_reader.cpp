@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <mutex>
-#include <thread>
 #include <utility>
 
 #include "console/line_splitter.h"
@@ -37,12 +36,14 @@ struct InputReader::Shared {
 InputReader::InputReader(std::function<void(std::string)> onLine)
     : shared_(std::make_shared<Shared>()) {
   shared_->onLine = std::move(onLine);
-  std::thread([shared = shared_] { shared->readAll(); }).detach();
+  thread_ = std::thread([shared = shared_] { shared->readAll(); });
 }
 
 InputReader::~InputReader() {
   const std::lock_guard<std::mutex> lock(shared_->mutex);
   shared_->onLine = nullptr;
+  // Not earlier: under winpthreads a thread that is detached while it starts may never run.
+  thread_.detach();
 }
 
 }  // namespace tolvex::sim

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <thread>
 
 namespace tolvex::sim {
 
@@ -24,6 +25,7 @@ class InputReader {
  private:
   struct Shared;
   std::shared_ptr<Shared> shared_;
+  std::thread thread_;
 };
 
 }  // namespace tolvex::sim

@@ -29,8 +29,13 @@ auto within(std::optional<std::chrono::milliseconds> limit, Work work) -> declty
   if (!limit) return work();
   auto task = std::make_shared<std::packaged_task<decltype(work())()>>(std::move(work));
   auto outcome = task->get_future();
-  std::thread([task] { (*task)(); }).detach();
-  if (outcome.wait_for(*limit) != std::future_status::ready) detail::leaveCallBehind(*limit);
+  // Detached only in the end: under winpthreads a thread that is detached while it starts may never run.
+  std::thread worker([task] { (*task)(); });
+  if (outcome.wait_for(*limit) != std::future_status::ready) {
+    worker.detach();
+    detail::leaveCallBehind(*limit);
+  }
+  worker.join();
   return outcome.get();
 }
 
