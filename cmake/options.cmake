@@ -21,6 +21,10 @@ else()
   # No file that is built may tell where: two folders give the same bytes.
   target_compile_options(tolvex_options INTERFACE
     -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+  # The library is optimised as the configuration says; the programs and the tests lose nothing by less.
+  set(fast $<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>)
+  target_compile_options(tolvex_options INTERFACE
+    $<$<AND:${fast},$<NOT:$<CONFIG:Debug>>>:-O1> $<$<AND:${fast},$<CONFIG:RelWithDebInfo>>:-g1>)
   target_compile_options(tolvex_options INTERFACE -fstack-protector-strong
     $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
   target_link_options(tolvex_options INTERFACE -fstack-protector-strong)

@@ -25,8 +25,6 @@ include(cmake/locales.cmake)
 # serves only what is compiled with the same options.
 add_executable(test_headers ${PROJECT_SOURCE_DIR}/cmake/test_headers.cpp)
 target_link_libraries(test_headers PRIVATE tolvex::options gtest)
-set(tolvex_test_options -O1 $<$<CONFIG:RelWithDebInfo>:-g1>)
-target_compile_options(test_headers PRIVATE ${tolvex_test_options})
 set_target_properties(test_headers PROPERTIES TOLVEX_COMPILE_FAST ON)
 target_precompile_headers(test_headers PRIVATE <gtest/gtest.h> <filesystem> <functional> <string> <thread> <vector>)
 
@@ -40,8 +38,6 @@ function(tolvex_test_program name)
     RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE tolvex::options ${arg_LIBRARIES} gtest_main)
-  # What is tested is optimised as it ships; the tests themselves need not be.
-  target_compile_options(${name} PRIVATE ${tolvex_test_options})
   target_precompile_headers(${name} REUSE_FROM test_headers)
 endfunction()
 
