@@ -88,6 +88,30 @@ TEST_F(Weigh, WatchesOnWhileThereIsNoWeight) {
   child.kill();
 }
 
+TEST_F(Weigh, WatchesOnWhileTheScaleIsUnplugged) {
+  Child child(command(withHost({"weigh", "--watch", "--interval", "10ms"})), with({}));
+  EXPECT_EQ(child.readLine(), "net 0 kg, tare 0 kg, stable, at zero");
+  simulator.type("unplug");
+  std::optional<std::string> line;
+  do {
+    line = child.readLine();
+  } while (line == "net 0 kg, tare 0 kg, stable, at zero");
+  EXPECT_EQ(line, "1007 LC_NOT_CONNECTED (LC not connected)");
+  simulator.type("plug");
+  do {
+    line = child.readLine();
+  } while (line == "1007 LC_NOT_CONNECTED (LC not connected)");
+  EXPECT_EQ(line, "net 0 kg, tare 0 kg, stable, at zero");
+  child.kill();
+}
+
+TEST_F(Weigh, EndsWatchingWithTheService) {
+  simulator.type("wire oversized command=getweight");
+  const Finished finished = tolvexctl({"weigh", "--count", "3", "--interval", "10ms"});
+  EXPECT_EQ(finished.exitCode, 3);
+  EXPECT_EQ(finished.out, "");
+}
+
 TEST_F(Weigh, WaitsForAStableWeight) {
   simulator.type("load 0.5");
   simulator.type("unstable on");

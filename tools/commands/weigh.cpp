@@ -39,7 +39,14 @@ struct Reading {
   std::optional<Failure> failure;
 };
 
-// A scale that has no weight now may have one in a moment; anything else is the end.
+using Test = bool (*)(const Failure& failure);
+
+// Whoever watches sees the scale being unplugged, too, and plugged in again.
+bool isTheScales(const Failure& failure) {
+  return failure.exit == ExitCode::DeviceError && failure.code.has_value();
+}
+
+// A scale that has no weight now may have one in a moment.
 bool mayPass(const Failure& failure) {
   switch (failure.code.value_or(TOLVEX_RESULT_OK)) {
     case TOLVEX_RESULT_UNDER_LOAD:
@@ -52,11 +59,12 @@ bool mayPass(const Failure& failure) {
   }
 }
 
-Reading readOnce(Service& service) {
+// Any failure but those that are to be tolerated is the end.
+Reading readOnce(Service& service, Test isTolerated) {
   try {
     return {readWeight(service), std::nullopt};
   } catch (const Failure& failure) {
-    if (!mayPass(failure)) throw;
+    if (!isTolerated(failure)) throw;
     return {std::nullopt, failure};
   }
 }
@@ -66,7 +74,7 @@ std::string unitOfScale(Service& service) { return unitOf(readBaseInfo(service))
 Weight waitForStable(Service& service, milliseconds limit, milliseconds interval) {
   const auto end = Clock::now() + limit;
   for (;;) {
-    const Reading reading = readOnce(service);
+    const Reading reading = readOnce(service, mayPass);
     if (reading.weight && reading.weight->isStable) return *reading.weight;
     if (Clock::now() + interval >= end) {
       if (reading.failure) throw Failure(*reading.failure);
@@ -93,7 +101,7 @@ ExitCode watch(Context& context, const std::optional<unsigned>& count, milliseco
   const std::string unit = unitOfScale(context.service());
   ExitCode exit = ExitCode::Fine;
   for (unsigned done = 1;; ++done) {
-    const Reading reading = readOnce(context.service());
+    const Reading reading = readOnce(context.service(), isTheScales);
     tell(context.out, reading, unit);
     if (reading.failure) exit = reading.failure->exit;
     if (count && done == *count) return exit;
