@@ -154,6 +154,15 @@ TEST_F(Call, TakesWordsThatLookLikeOptionsOrLists) {
             "printTextById(text = \"--json\", ");
 }
 
+TEST_F(Call, TakesAnEscapedPlusForAText) {
+  EXPECT_EQ(
+      tolvexctl({"call", "PrintText", "\\+", "28", "+", "PrintText", "\\\\+", "28"}).out,
+      "PrintText(text = \"+\", fontSize = 28) -> 240 TOLVEX_OK: The function did what it was "
+      "called for.\n"
+      "PrintText(text = \"\\+\", fontSize = 28) -> 240 TOLVEX_OK: The function did what it was "
+      "called for.\n");
+}
+
 TEST_F(CallOfAnotherService, ShowsATextThatEndsInTheMiddleOfACharacter) {
   ScriptedService service(ownAddress());
   service.weighing().alwaysAnswers(R"({"result":"0","systemVersion":"x)" +

@@ -54,6 +54,15 @@ ExitCode list(Output& out) {
   return ExitCode::Fine;
 }
 
+// \+ stands for the text +, \\+ for \+, and so on.
+std::vector<std::string> withoutEscapes(std::vector<std::string> words) {
+  for (std::string& word : words) {
+    const std::size_t backslashes = std::min(word.find_first_not_of('\\'), word.size());
+    if (backslashes > 0 && word.substr(backslashes) == kAndThen) word.erase(0, 1);
+  }
+  return words;
+}
+
 std::vector<ExportCall> understand(const CallOptions& options) {
   if (options.words.empty()) {
     throw Failure(ExitCode::Usage, "call needs the name of an export",
@@ -66,9 +75,9 @@ std::vector<ExportCall> understand(const CallOptions& options) {
     const auto end = std::find(begin, options.words.end(), kAndThen);
     if (begin == end) {
       throw Failure(ExitCode::Usage, "there is no export beside a +",
-                    "Write a + between two calls only.");
+                    "Write a + between two calls only. The text + is written \\+.");
     }
-    calls.push_back(understandCall({begin, end}, nulls));
+    calls.push_back(understandCall(withoutEscapes({begin, end}), nulls));
     if (end == options.words.end()) return calls;
     begin = end + 1;
   }
