@@ -146,6 +146,13 @@ TEST_F(Printing, ShowsAndSetsTheLogLevelOfTheService) {
   EXPECT_EQ(tolvexctl({"settings", "log-level", "print"}).out, "print 3\n");
 }
 
+TEST_F(Printing, TakesALogLevelThatCanNotBeReadForNoRefusal) {
+  simulator.type("wire result code=0 command=getloglevel");  // and nothing else
+  const ordered_json value = json({"settings", "log-level", "print"}, 3);
+  EXPECT_EQ(value["error"]["message"],
+            "cannot read the log level of print: the library can not read the service's reply");
+}
+
 TEST_F(Printing, SendsRawCommandsAndShowsTheReply) {
   const ordered_json value = json({"raw", "lc", "checkConnection"}, 0);
   EXPECT_EQ(value["reply"], (ordered_json{{"result", "0"}}));

@@ -158,7 +158,7 @@ ExitCode logLevel(Context& context, const LevelOptions& options) {
     const Answer answer = service.perform([read, buffer, module = options.module] {
       return read(module.c_str(), buffer->data(), kLevelSize);
     });
-    Service::checkCode("read the log level of " + options.module, answer.value);
+    Service::checkReadingCode("read the log level of " + options.module, answer.value);
     level = textIn(*buffer);
   } else {
     service.code("set the log level of " + options.module, TOLVEX_EXPORT(setLogLevel),

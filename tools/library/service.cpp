@@ -3,6 +3,20 @@
 #include "library/application.h"
 
 namespace tolvex::ctl {
+namespace {
+
+bool isOfUnreadableReply(int code) {
+  return code == TOLVEX_RESULT_BUFFER_NOT_ENOUGH || code == TOLVEX_RESULT_JSON_ERR;
+}
+
+Failure unreadable(const std::string& purpose, int code) {
+  Failure failure("cannot " + purpose + ": the library can not read the service's reply", code);
+  failure.exit = ExitCode::Unreachable;
+  failure.remedy = "Run tolvexctl doctor, which shows what is wrong with the replies.";
+  return failure;
+}
+
+}  // namespace
 
 Service::Service(const Library& library, const Globals& globals, Output& output)
     : library_(library),
@@ -29,15 +43,14 @@ void Service::checkVerdict(const std::string& purpose, const Answer& answer) {
 }
 
 void Service::checkReading(const std::string& purpose, const Answer& answer) {
-  const bool unreadable =
-      answer.value == TOLVEX_FAILED && (answer.lastError == TOLVEX_RESULT_BUFFER_NOT_ENOUGH ||
-                                        answer.lastError == TOLVEX_RESULT_JSON_ERR);
-  if (!unreadable) return checkVerdict(purpose, answer);
-  Failure failure("cannot " + purpose + ": the library can not read the service's reply",
-                  answer.lastError);
-  failure.exit = ExitCode::Unreachable;
-  failure.remedy = "Run tolvexctl doctor, which shows what is wrong with the replies.";
-  throw Failure(failure);
+  if (answer.value != TOLVEX_FAILED) return checkVerdict(purpose, answer);
+  if (isOfUnreadableReply(answer.lastError)) throw unreadable(purpose, answer.lastError);
+  checkVerdict(purpose, answer);
+}
+
+void Service::checkReadingCode(const std::string& purpose, int code) {
+  if (isOfUnreadableReply(code)) throw unreadable(purpose, code);
+  checkCode(purpose, code);
 }
 
 void Service::checkCode(const std::string& purpose, int code) {

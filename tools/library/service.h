@@ -96,6 +96,8 @@ class Service {
   /// device.
   static void checkReading(const std::string& purpose, const Answer& answer);
   static void checkCode(const std::string& purpose, int code);
+  /// checkReading() for the exports that return a result code.
+  static void checkReadingCode(const std::string& purpose, int code);
 
  private:
   static const char* plain(const std::string& text) { return text.c_str(); }
