@@ -74,13 +74,13 @@ endforeach()
 endfunction()
 
 # Unit tests: a program, and all of its tests as CTest tests. Takes what the two above take. With
-# ONE_PROCESS_UNDER_WINE, where a process takes long to start, they are one CTest test there: for tests
-# that leave nothing behind in their process.
+# ONE_PROCESS_WHERE_SLOW they are one CTest test where a process takes long to start, under Wine and with
+# sanitizers: for tests that leave nothing behind in their process.
 function(tolvex_unit_test name)
-  cmake_parse_arguments(arg "ONE_PROCESS_UNDER_WINE" "PREFIX;FILTER;LOCALE"
+  cmake_parse_arguments(arg "ONE_PROCESS_WHERE_SLOW" "PREFIX;FILTER;LOCALE"
     "SOURCES;LIBRARIES;ENVIRONMENT;LABELS;PROPERTIES" ${ARGN})
   tolvex_test_program(${name} SOURCES ${arg_SOURCES} LIBRARIES ${arg_LIBRARIES})
-  if(arg_ONE_PROCESS_UNDER_WINE AND CMAKE_CROSSCOMPILING_EMULATOR)
+  if(arg_ONE_PROCESS_WHERE_SLOW AND (CMAKE_CROSSCOMPILING_EMULATOR OR TOLVEX_SANITIZE))
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1
       WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300 LABELS "${arg_LABELS}")
