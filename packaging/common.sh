@@ -56,12 +56,17 @@ licence_texts() {
   esac
 }
 
-# notices SYSTEM: what of others is in the system's packages, with all licences in full.
+# notices SYSTEM [WHAT]: what of others is in the system's packages, with all licences in full; with "library"
+# only what is in the library itself.
 notices() {
-  local rows name package its_version licence purpose
+  local rows name package its_version licence purpose subject="The library, the programs and the documents contain"
   rows=$(third_party "$1")
+  if [ "${2:-}" = library ]; then
+    rows=$(grep 'the library' <<<"$rows")
+    subject="The library contains"
+  fi
   printf 'Third-party notices of tolvex %s\n\n' "$full_version"
-  printf 'The library, the programs and the documents contain parts of the works below. Each is named with its\n'
+  printf '%s parts of the works below. Each is named with its\n' "$subject"
   printf 'licence, its version as packaged by Debian, and what it serves for; the texts of the licences follow.\n\n'
   while IFS=$'\t' read -r name package its_version licence purpose; do
     printf '  %s\n    %s %s\n    %s\n    %s\n' "$name" "$package" "$its_version" "$licence" "$purpose"
@@ -175,6 +180,17 @@ git_files() {
 
 # Gives all files of a folder the commit's time.
 set_times() { find "$1" -exec touch -h -d "@$SOURCE_DATE_EPOCH" {} +; }
+
+# stripped_library BUILD FOLDER: the library of a build tree, as it is shipped.
+stripped_library() {
+  local stage library
+  stage=$(mktemp -d)
+  cmake --install "$1" --component runtime --strip --prefix "$stage" >"$stage/install.log" ||
+    { cat "$stage/install.log" >&2; fail "Installing of $1 did not work; see above." "Build it first: ./run package does all of it."; }
+  library=$(find "$stage" -name tolvex_dll.dll -o -name libtolvex_dll.so)
+  install -D -m 755 "$library" "$2/${library##*/}"
+  rm -rf "$stage"
+}
 
 # Refuses a build tree that lacks something.
 require_built() {
