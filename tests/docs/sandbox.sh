@@ -2,6 +2,7 @@
 # Makes the folder in which the commands of a document run: the project as a newcomer has it, built,
 # with the programs installed as well. Programs find the service at ADDRESS.
 # usage: sandbox.sh SOURCE BUILD FOLDER ADDRESS
+# Where TOLVEX_PACKAGES names a folder, its files are there too, and the library is only in them.
 set -euo pipefail
 source=$1 build=$2 folder=$3 address=$4
 rm -rf "$folder"
@@ -58,3 +59,9 @@ export PATH="$folder/.bin:$PATH" HOME="$folder/.home" XDG_STATE_HOME="$folder/.h
 export PKG_CONFIG_PATH="$folder/.pkgconfig" LD_LIBRARY_PATH="$bin"
 cd "$folder"
 END
+
+if [ -n "${TOLVEX_PACKAGES:-}" ]; then
+  cp "$TOLVEX_PACKAGES"/* "$folder/"
+  rm "$folder/.bin/libtolvex_dll.so"
+  echo 'unset LD_LIBRARY_PATH TOLVEX_PACKAGES' >>"$folder/.state"
+fi
