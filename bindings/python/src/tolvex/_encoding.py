@@ -176,7 +176,7 @@ _ICONV_FAILED = ctypes.c_size_t(-1).value
 
 def converted(libc: ctypes.CDLL, to: str, of: str, text: bytes) -> Optional[bytes]:
     """Converts from one character set to another with iconv; None if anything of it cannot be converted."""
-    handle = libc.iconv_open(to.encode("ascii", "replace"), of.encode("ascii", "replace"))
+    handle = libc.iconv_open(os.fsencode(to), os.fsencode(of))
     if handle == _NO_ICONV:
         return None
     try:

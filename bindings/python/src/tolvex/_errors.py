@@ -20,6 +20,10 @@ NO_CODE = Explanation(
 )
 
 
+def _name_of_unknown(code: int) -> str:
+    return f"Unknown code {code}"
+
+
 def explain(code: int) -> Explanation:
     """What a code means, and what to do about it.
 
@@ -32,7 +36,7 @@ def explain(code: int) -> Explanation:
     known = RESULT_CODES.get(code) or ANSWERS.get(code)
     if known is not None:
         return known
-    name = f"Unknown code {code}"
+    name = _name_of_unknown(code)
     return Explanation(
         code,
         name,
@@ -61,7 +65,9 @@ class TolvexError(Exception):
         self.code, self.name, self.text, self.meaning, self.remedy = explanation
         self.reply = reply
         self._explanation = explanation
-        title = self.name if self.name == self.text else f"{self.code} {self.name} ({self.text})"
+        # The name of a code that nobody knows has the number in it.
+        is_known = self.name != _name_of_unknown(self.code)
+        title = f"{self.code} {self.name} ({self.text})" if is_known else self.name
         super().__init__(f"{operation}: {title}. {self.meaning} What to do: {self.remedy}")
 
     def __reduce__(self) -> Tuple[Any, ...]:

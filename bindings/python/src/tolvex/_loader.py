@@ -88,6 +88,27 @@ def target_of_head(head: bytes) -> Tuple[Optional[Target], str]:
     return None, "is no library: it has neither an ELF nor a PE header"
 
 
+def missing_part(head: bytes, size: int) -> str:
+    """How a library for Linux is cut short, or "" if all of it is there.
+
+    The system looks for it in the file's pages without asking for the file's size, and ends the process with SIGBUS.
+
+    Args:
+        head: The head of a 64-bit file, with its program headers.
+        size: How many bytes the file has.
+    """
+    if len(head) < 64 or head[:6] != b"\x7fELF\2\1":
+        return ""
+    offset, sections = struct.unpack_from("<QQ", head, 32)
+    step, count, section_size, section_count = struct.unpack_from("<HHHH", head, 54)
+    whole = max(offset + step * count, sections + section_size * section_count)
+    for at in range(offset, min(offset + step * count, len(head) - 55), step or 56):
+        kind, begin, length = struct.unpack_from("<I4xQ16xQ", head, at)
+        if kind == 1:  # what is loaded
+            whole = max(whole, begin + length)
+    return f"is damaged: it has {size} of {whole} bytes" if size < whole else ""
+
+
 def needed_target() -> Target:
     """What a library for this process has to be made for: tolvex exists for x64 only."""
     return Target(target_of_process().system, "x64")
@@ -100,6 +121,7 @@ def unfitness(path: Path) -> str:
     try:
         with open(path, "rb") as file:
             head = file.read(_HEAD_BYTES)
+            size = os.fstat(file.fileno()).st_size
     except FileNotFoundError:
         return "is missing"
     except OSError as error:
@@ -109,7 +131,7 @@ def unfitness(path: Path) -> str:
         return instead
     if target != needed_target():
         return f"is for {target}, needed is {needed_target()}"
-    return ""
+    return missing_part(head, size)
 
 
 def library_version(path: Path) -> str:
