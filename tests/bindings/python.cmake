@@ -20,6 +20,8 @@ if(NOT WIN32)
   tolvex_python_test(LoadsTheLibrary test_loading 5)
   tolvex_python_test(KnowsEncodings test_encoding 6)
   tolvex_python_test(OutlivesFaults test_faults 8)
+  tolvex_python_test(SellsAsItsExampleShows test_example 9)
+  tolvex_python_test(HasSourcesForEveryVersion test_sources 14)
   tolvex_python_test(KeepsTextsInUtf8 test_code_pages 10)
   set(number 10)
   set(locales)
@@ -34,4 +36,19 @@ if(NOT WIN32)
       ${setting} TOLVEX_TEST_CODE_PAGE=${charset} PYTHONIOENCODING=utf-8)
   endforeach()
   add_custom_target(python_test_locales ALL DEPENDS ${locales})
+
+  # Debian's mypy, which comes with the standard library's types.
+  find_program(TOLVEX_MYPY mypy)
+  if(NOT TOLVEX_MYPY)
+    message(FATAL_ERROR "mypy not found. Install the package mypy (or run: ./run setup).")
+  endif()
+  tolvex_binding_test(PythonIsTyped ${TOLVEX_MYPY} src/tolvex examples)
+  set_tests_properties(bindings.PythonIsTyped PROPERTIES WORKING_DIRECTORY ${python}
+    ENVIRONMENT MYPY_CACHE_DIR=${CMAKE_BINARY_DIR}/tests/bindings/python-types)
+else()
+  tolvex_binding_package(Python python 127.61.2.1)
+  tolvex_binding_test(PythonWheelsHaveAllTheyNeed ${TOLVEX_PYTHON} -m unittest -v test_wheels)
+  set_tests_properties(bindings.PythonWheelsHaveAllTheyNeed PROPERTIES FIXTURES_REQUIRED Python_package
+    WORKING_DIRECTORY ${python}/tests
+    ENVIRONMENT "TOLVEX_WHEELS=${CMAKE_BINARY_DIR}/tests/bindings/python-package;PYTHONPATH=${python}/src;PYTHONDONTWRITEBYTECODE=1")
 endif()
