@@ -86,7 +86,10 @@ def uninterrupted(work: Callable[[], Result]) -> Result:
             failures.append(error)
 
     thread = threading.Thread(target=run, name="tolvex-job")
-    thread.start()
+    try:
+        thread.start()
+    except RuntimeError:
+        return work()  # the interpreter is about to end, and starts no more threads
     thread.join()
     if failures:
         raise failures[0]
