@@ -71,7 +71,12 @@ def _function(function: Function, header: Header) -> str:
 
 
 def _record(record: Record) -> str:
-    lines = [f"class {record.name}(ctypes.Structure):", _docstring(record.comment, "    ").rstrip("\n"), "", "    _fields_ = ["]
+    lines = [
+        f"class {record.name}(ctypes.Structure):",
+        _docstring(record.comment, "    ").rstrip("\n"),
+        "",
+        "    _fields_ = [",
+    ]
     for member in record.members:
         kind = MEMBER_TYPES[member.type] + (f" * {member.count}" if member.count else "")
         lines.append(f'        ("{member.name}", {kind}),  # {member.comment}')
@@ -80,15 +85,15 @@ def _record(record: Record) -> str:
 
 def _exports(header: Header) -> str:
     names = (
-        list(header.constants) + [record.name for record in header.records] + [function.name for function in header.functions]
+        list(header.constants)
+        + [record.name for record in header.records]
+        + [function.name for function in header.functions]
     )
     parts = [
         HEAD.format("The library's functions under their own names, its records and its constants."),
         "import ctypes\nfrom typing import Optional\n\nfrom ._native import Buffer, Export, Int, OutBuffer, Text, UInt\n",
         "__all__ = [\n" + "".join(f'    "{name}",\n' for name in names) + "]\n",
-        "".join(
-            f"{name} = {value}  # {header.constant_comments[name]}\n" for name, value in header.constants.items()
-        ),
+        "".join(f"{name} = {value}  # {header.constant_comments[name]}\n" for name, value in header.constants.items()),
     ]
     parts += ["\n" + _record(record) for record in header.records]
     group = ""

@@ -19,7 +19,15 @@ ALLOWED: Dict[str, List[Tuple[int, Tuple[int, ...]]]] = {
     "GCC": [(17, (4, 8, 0)), (24, (6, 0, 0)), (27, (7, 0, 0)), (31, (10, 0, 0)), (34, (11, 0, 0)), (35, (12, 0, 0)), (39, (14, 0, 0))],
 }  # fmt: skip
 # Those that every system has; anything else would have to be in the wheel.
-LIBRARIES = {"libc.so.6", "libm.so.6", "libgcc_s.so.1", "libstdc++.so.6", "libpthread.so.0", "libdl.so.2", "ld-linux-x86-64.so.2"}
+LIBRARIES = {
+    "libc.so.6",
+    "libm.so.6",
+    "libgcc_s.so.1",
+    "libstdc++.so.6",
+    "libpthread.so.0",
+    "libdl.so.2",
+    "ld-linux-x86-64.so.2",
+}
 LEAST = 17
 
 

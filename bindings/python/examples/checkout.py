@@ -78,7 +78,8 @@ def receipt_of(articles: List[Article], date: str) -> Receipt:
     receipt.text(apart("Bon 0042, Kasse 1", date)).text("-" * COLUMNS)
     for article in articles:
         receipt.text(article.name)
-        receipt.text(apart(f"  {article.kilograms:.3f} kg × {article.price_per_kg} €/kg", str(article.price)))
+        quantity = f"  {article.kilograms:.3f} kg × {article.price_per_kg} €/kg"
+        receipt.text(apart(quantity, str(article.price)))
     receipt.text("-" * COLUMNS).text(apart("SUMME €", str(total), COLUMNS // 2), 48).blank()
     receipt.text("Vielen Dank für Ihren Einkauf!".center(COLUMNS)).text("谢谢惠顾 · Спасибо за покупку")
     return receipt.text("\n\n\n")  # up to the knife, which sits above the head

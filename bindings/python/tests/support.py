@@ -43,12 +43,18 @@ class Simulator:
         if "--replay" not in self.options:
             command += ["--record", str(self.recording)]
         self.process = subprocess.Popen(
-            command, stdout=subprocess.PIPE, stderr=subprocess.STDOUT, stdin=subprocess.DEVNULL, text=True, encoding="utf-8"
+            command,
+            stdout=subprocess.PIPE,
+            stderr=subprocess.STDOUT,
+            stdin=subprocess.DEVNULL,
+            text=True,
+            encoding="utf-8",
         )
         assert self.process.stdout is not None
         said = []
         self.page = 0
-        # Ends with the simulator, which gives up by itself what it cannot open.
+        watchdog = threading.Timer(WAIT, self.process.kill)
+        watchdog.start()
         for line in self.process.stdout:
             said.append(line)
             if " page on " in line:
@@ -56,7 +62,8 @@ class Simulator:
             if line.strip() == "zelkad-sim: ready":
                 break
         else:
-            raise AssertionError("the simulator did not start: " + "".join(said))
+            raise AssertionError(f"the simulator did not start within {WAIT} s: " + "".join(said))
+        watchdog.cancel()
         # Nobody looks at the rest, but a full pipe would stop it.
         self.reader = threading.Thread(target=self.process.stdout.read, daemon=True)
         self.reader.start()
@@ -113,10 +120,6 @@ class Simulator:
         answer = self.ask("GET", "/api/jobs")
         jobs: List[Dict[str, Any]] = answer["jobs"] if isinstance(answer, dict) else answer
         return jobs
-
-    def wait_for_request(self, command: str, what: str) -> None:
-        """Waits until the service has received a command since the reset, answered or not."""
-        self.until(lambda: command in json.dumps(self.ask("GET", "/api/traffic")), what)
 
     def until(self, condition: Callable[[], bool], what: str) -> None:
         end = time.monotonic() + WAIT
@@ -249,7 +252,7 @@ class SimulatorTest(unittest.TestCase):
         import tolvex
 
         try:
-            return bool(tolvex.printers())
+            return len(tolvex.printers()) > 0
         except tolvex.TolvexError:
             return False
 

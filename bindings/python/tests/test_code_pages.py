@@ -52,7 +52,13 @@ class CodePages(SimulatorTest):
                 error = caught.exception
                 self.assertEqual((error.character, error.position, error.code_page), (character, 3, EXPECTED))
                 said = str(error)
-                for word in (f"U+{ord(character):04X}", "position 3", EXPECTED, "Printer.print_text", 'errors="replace"'):
+                for word in (
+                    f"U+{ord(character):04X}",
+                    "position 3",
+                    EXPECTED,
+                    "Printer.print_text",
+                    'errors="replace"',
+                ):
                     self.assertIn(word, said)
         self.assertEqual(self.simulator.requests(), [])
 
@@ -81,7 +87,14 @@ class CodePages(SimulatorTest):
 
     def test_every_character_comes_out_or_is_refused(self) -> None:
         encodable = []
-        for start, end in ((0x01, 0x250), (0x370, 0x500), (0x2000, 0x2030), (0x20A0, 0x20D0), (0x3000, 0x3100), (0x4E00, 0x4F00)):
+        for start, end in (
+            (0x01, 0x250),
+            (0x370, 0x500),
+            (0x2000, 0x2030),
+            (0x20A0, 0x20D0),
+            (0x3000, 0x3100),
+            (0x4E00, 0x4F00),
+        ):
             for number in range(start, end):
                 try:
                     encodable.append(chr(number)) if tolvex.encode_for_queue(chr(number)) else self.fail(hex(number))

@@ -26,7 +26,15 @@ class Kernel32:
         return self.code_page
 
     def WideCharToMultiByte(
-        self, code_page: int, flags: int, source: Any, units: int, target: Any, room: int, default: Any, used: Optional[Any]
+        self,
+        code_page: int,
+        flags: int,
+        source: Any,
+        units: int,
+        target: Any,
+        room: int,
+        default: Any,
+        used: Optional[Any],
     ) -> int:
         assert code_page == 0 and default is None
         if self.code_page in (65001, 54936):
@@ -47,7 +55,13 @@ class Kernel32:
 
 class WindowsCodePages(unittest.TestCase):
     def test_texts_are_converted(self) -> None:
-        for number, text in ((1251, "Спасибо €"), (1252, "Äpfel €"), (936, "谢谢"), (65001, "谢 Ä \U0001f34e"), (54936, "한")):
+        for number, text in (
+            (1251, "Спасибо €"),
+            (1252, "Äpfel €"),
+            (936, "谢谢"),
+            (65001, "谢 Ä \U0001f34e"),
+            (54936, "한"),
+        ):
             with self.subTest(code_page=number):
                 self.assertEqual(windows_code_page(Kernel32(number)).encode(text), text.encode(CODECS[number]))
                 self.assertEqual(windows_code_page(Kernel32(number)).encode(""), b"")

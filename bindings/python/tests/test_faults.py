@@ -82,7 +82,8 @@ class Faults(SimulatorTest):
                 error = self.failure(tolvex.Printer(1).cut)
                 row = tolvex.explain(code)
                 self.assertEqual(
-                    str(error), f"cutPaperById: {int(code)} {row.name} ({row.text}). {row.meaning} What to do: {row.remedy}"
+                    str(error),
+                    f"cutPaperById: {int(code)} {row.name} ({row.text}). {row.meaning} What to do: {row.remedy}",
                 )
 
 

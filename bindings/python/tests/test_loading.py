@@ -69,7 +69,10 @@ class Files(unittest.TestCase):
 
     def test_a_relative_name_counts_from_the_working_folder(self) -> None:
         shutil.copy(LIBRARY, self.file)
-        said = self.load(str(self.folder), script="import os, sys, tolvex\nos.chdir(sys.argv[1])\nprint(tolvex.load(tolvex._loader.FILE_NAME))")
+        said = self.load(
+            str(self.folder),
+            script="import os, sys, tolvex\nos.chdir(sys.argv[1])\nprint(tolvex.load(tolvex._loader.FILE_NAME))",
+        )
         self.assertEqual(said, f"{self.file}\n")
 
     def test_the_package_comes_before_the_program_and_the_system(self) -> None:
@@ -105,7 +108,9 @@ class Files(unittest.TestCase):
         self.assertIn(f"{self.file} is missing", self.refusal(None))
 
     def test_what_is_no_library_is_told(self) -> None:
-        self.assertIn("is no library: it has neither an ELF nor a PE header", self.refusal(b"[zelkad]\nip_addr=127.0.0.1\n"))
+        self.assertIn(
+            "is no library: it has neither an ELF nor a PE header", self.refusal(b"[zelkad]\nip_addr=127.0.0.1\n")
+        )
         self.assertIn("is empty", self.refusal(b""))
 
     def test_a_folder_is_told(self) -> None:
@@ -127,7 +132,9 @@ class Files(unittest.TestCase):
         whole = Path(LIBRARY).read_bytes()
         for size in (4096, len(whole) // 2):
             with self.subTest(size=size):
-                self.assertRegex(self.refusal(whole[:size]), f"is damaged: it has {size} of [0-9]+ bytes|cannot be loaded: ")
+                self.assertRegex(
+                    self.refusal(whole[:size]), f"is damaged: it has {size} of [0-9]+ bytes|cannot be loaded: "
+                )
 
     def test_what_the_system_does_not_load_is_told_in_its_words(self) -> None:
         said = self.refusal(pe(0x8664) if ON_WINDOWS else elf(62, 64))
@@ -136,8 +143,12 @@ class Files(unittest.TestCase):
     @unittest.skipIf(ON_WINDOWS, "there is no libc on Windows")
     def test_another_library_is_told(self) -> None:
         said = self.load(script="import ctypes, math\nprint(open('/proc/self/maps').read())")
-        other = next(word for line in said.splitlines() for word in line.split() if "/libc.so" in word or "/libc-" in word)
-        self.assertIn("is not tolvex, or another version of it: it lacks read_baseinfo", self.refusal(Path(other).read_bytes()))
+        other = next(
+            word for line in said.splitlines() for word in line.split() if "/libc.so" in word or "/libc-" in word
+        )
+        self.assertIn(
+            "is not tolvex, or another version of it: it lacks read_baseinfo", self.refusal(Path(other).read_bytes())
+        )
 
     def test_importing_loads_nothing(self) -> None:
         script = "import tolvex, tolvex.aio, tolvex.exports\nprint(tolvex._loader._loaded)\n"

@@ -5,15 +5,18 @@ The service holds replies back until the test lets them go, so the order is sure
 
 import asyncio
 import json
+import os
+import shutil
 import signal
 import subprocess
 import sys
+import tempfile
 import threading
 import unittest
 from decimal import Decimal
 from typing import Any, Coroutine, List
 
-from support import ADDRESS, WAIT, WEIGHT, Service, environment
+from support import ADDRESS, WAIT, WEIGHT, Service, environment, python
 
 import tolvex
 from tolvex import Receipt, aio
@@ -250,6 +253,37 @@ class Order(unittest.TestCase):
         self.assertEqual(child.returncode, 0)
         sent = [json.loads(text).get("text", json.loads(text)["cmd"]) for text in self.service.received]
         self.assertEqual(sent, ["one", "two", "beginPrint", "cutPaper", "next", "beginPrint", "cutPaper"])
+
+    @unittest.skipIf(sys.platform == "win32", "a copy of python.exe needs its DLLs")
+    def test_programs_of_some_names_are_told_no_tare(self) -> None:
+        self.service.answer("settarebykey", b'{"result":"0","tare":"0.12"}')
+        folder = tempfile.mkdtemp(prefix="tolvex-name-")
+        self.addCleanup(shutil.rmtree, folder, True)
+        script = "import sys, tolvex\ntolvex.set_server(sys.argv[1])\nprint('tare', tolvex.Scale().tare())\n"
+        for name, told in (("Kelvarin", "tare None"), ("Lumidesk", "tare None"), ("till", "tare 0.12")):
+            program = shutil.copy(os.path.realpath(sys.executable), os.path.join(folder, name))
+            home = f"{sys.base_prefix}:{sys.base_exec_prefix}"
+            libraries = os.path.join(sys.base_prefix, "lib")
+            result = subprocess.run(
+                [program, "-c", script, ADDRESS],
+                env=environment(PYTHONHOME=home, LD_LIBRARY_PATH=libraries),
+                stdout=subprocess.PIPE,
+                stderr=subprocess.PIPE,
+                encoding="utf-8",
+                timeout=WAIT,
+            )
+            with self.subTest(name=name):
+                self.assertIn(told, result.stdout.splitlines(), result.stderr)
+
+    def test_a_receipt_can_be_printed_while_the_interpreter_ends(self) -> None:
+        script = (
+            "import atexit, sys, tolvex\n"
+            "tolvex.set_server(sys.argv[1])\n"
+            "atexit.register(lambda: tolvex.Receipt().text('closing').print())\n"
+        )
+        result = python(script, ADDRESS)
+        self.assertEqual((result.returncode, result.stderr), (0, ""))
+        self.assertEqual(self.commands(), ["printtext", "beginPrint", "cutPaper"])
 
 
 if __name__ == "__main__":

@@ -27,9 +27,15 @@ class Sources(unittest.TestCase):
             for name in module.__all__:
                 part = getattr(module, name)
                 members = vars(part) if inspect.isclass(part) else {}
-                methods = {key: value for key, value in members.items() if inspect.isroutine(value) or isinstance(value, property)}
+                methods = {
+                    key: value
+                    for key, value in members.items()
+                    if inspect.isroutine(value) or isinstance(value, property)
+                }
                 for key, value in {name: part, **methods}.items():
-                    if key.startswith("_") or not (inspect.isclass(value) or inspect.isroutine(value) or isinstance(value, property)):
+                    if key.startswith("_") or not (
+                        inspect.isclass(value) or inspect.isroutine(value) or isinstance(value, property)
+                    ):
                         continue
                     with self.subTest(module=module.__name__, name=f"{name}.{key}"):
                         self.assertTrue(value.__doc__)

@@ -132,7 +132,10 @@ class UnprintableText(ValueError):
         self.code_page = code_page
         number = ord(self.character)
         if 0xD800 <= number <= 0xDFFF:
-            what = f"U+{number:04X} at position {position} of {_shown(text)} is half of a surrogate pair, and no character."
+            what = (
+                f"U+{number:04X} at position {position} of {_shown(text)} is half of a surrogate pair, "
+                "and no character."
+            )
             remedy = "Mend the text where it comes from; it was cut in two, or read with the wrong encoding."
         else:
             what = (

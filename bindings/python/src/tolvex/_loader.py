@@ -228,7 +228,8 @@ def _load(explicit: Optional[Path]) -> _Loaded:
         if library is not None:
             return _Loaded(library, _path_of(library, path))
         failures.append((str(path), reason))
-    raise LibraryNotLoaded(failures, f"Python {sys.version.split()[0]} for {running}", str(needed_target()), _advice(explicit))
+    process = f"Python {sys.version.split()[0]} for {running}"
+    raise LibraryNotLoaded(failures, process, str(needed_target()), _advice(explicit))
 
 
 def _path_of(library: ctypes.CDLL, path: Path) -> Path:
@@ -242,9 +243,10 @@ def _path_of(library: ctypes.CDLL, path: Path) -> Path:
         return Path(buffer.value) if length else path
     try:
         with open("/proc/self/maps", encoding="utf-8", errors="surrogateescape") as maps:
-            names = [line.split(None, 5)[5].rstrip("\n") for line in maps if line.rstrip("\n").endswith("/" + FILE_NAME)]
+            lines = [line.rstrip("\n") for line in maps]
     except OSError:
-        names = []
+        return path
+    names = [line.split(None, 5)[5] for line in lines if line.endswith("/" + FILE_NAME)]
     return Path(names[0]) if names else path
 
 

@@ -73,8 +73,7 @@ class Buffer:
         is_text = isinstance(value, ctypes.Array) and getattr(value, "_type_", None) is ctypes.c_char
         if not is_text and not isinstance(value, ctypes.Structure):
             raise TypeError(
-                "a buffer is a bytearray, an array of ctypes.c_char, a record or None, "
-                f"not {type(value).__name__}"
+                "a buffer is a bytearray, an array of ctypes.c_char, a record or None, " f"not {type(value).__name__}"
             )
         size = ctypes.sizeof(value)
         if size < self.least:

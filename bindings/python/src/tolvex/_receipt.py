@@ -60,7 +60,7 @@ class _Text(NamedTuple):
 
     def prepared(self, errors: str) -> Queued:
         encoded = code_page().encode(self.text, errors)
-        for line in self.text.split("\n"):
+        for line in self.text.replace("\r\n", "\n").split("\n"):
             size = len(line.encode("utf-8", "replace"))
             if size > MOST_LINE_BYTES:
                 raise ValueError(

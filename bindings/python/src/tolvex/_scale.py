@@ -150,7 +150,8 @@ def tare_of(operation: str, text: str) -> Optional[Decimal]:
     if not text:
         return None
     if not _NUMBER.fullmatch(text.strip()):
-        raise unreadable(operation, f"The command was carried out, but the service sent no number as the tare: {text!r}.")
+        meaning = f"The command was carried out, but the service sent no number as the tare: {text!r}."
+        raise unreadable(operation, meaning)
     return _exact(text.strip())
 
 
