@@ -43,7 +43,7 @@ if(NOT WIN32)
   if(NOT TOLVEX_MYPY)
     message(FATAL_ERROR "mypy not found. Install the package mypy (or run: ./run setup).")
   endif()
-  tolvex_binding_test(PythonIsTyped ${TOLVEX_MYPY} src/tolvex examples)
+  tolvex_binding_test(PythonIsTyped ${TOLVEX_MYPY} src/tolvex examples tests)
   set_tests_properties(bindings.PythonIsTyped PROPERTIES WORKING_DIRECTORY ${python}
     ENVIRONMENT MYPY_CACHE_DIR=${CMAKE_BINARY_DIR}/tests/bindings/python-types)
 else()

@@ -214,7 +214,7 @@ class Service:
         """Waits until a command has come so often."""
 
         def has_come() -> bool:
-            return sum(json.loads(text)["cmd"] == command for text in self.received) >= count
+            return [json.loads(text)["cmd"] for text in self.received].count(command) >= count
 
         with self._lock:
             if not self._lock.wait_for(has_come, WAIT):

@@ -9,7 +9,7 @@ import os
 import unittest
 import unittest.mock
 from pathlib import Path
-from typing import List
+from typing import Dict, List, Tuple
 
 from support import SimulatorTest
 
@@ -18,7 +18,7 @@ from tolvex import Receipt, _encoding
 
 EXPECTED = os.environ.get("TOLVEX_TEST_CODE_PAGE", "UTF-8")
 # Of the first, each text can be encoded; of the second, none.
-SAMPLES = {
+SAMPLES: Dict[str, Tuple[List[str], List[str]]] = {
     "UTF-8": (["Äpfel €", "Спасибо", "谢谢", "\U0001f34e"], []),
     "GBK": (["谢谢 1.44", "Спасибо", "ASCII \\ ~"], ["\U0001f34e", "Ä", "한"]),
     "CP1251": (["Спасибо €", "№ 1"], ["Ä", "谢"]),

@@ -5,7 +5,7 @@ import sys
 import threading
 import unittest
 from pathlib import Path
-from typing import Callable, Dict, List
+from typing import Callable, Dict, List, Tuple
 
 from support import ADDRESS, WAIT, Simulator, environment
 
@@ -18,7 +18,7 @@ class Checkout(unittest.TestCase):
         self.addCleanup(self.simulator.stop)
         self.simulator.reset(scale={"load_kg": 0.05})
 
-    def play(self, deeds: Dict[str, Callable[[], object]], *arguments: str) -> "tuple[int, List[str], str]":
+    def play(self, deeds: Dict[str, Callable[[], object]], *arguments: str) -> Tuple[int, List[str], str]:
         """Runs the example and does what it asks for. Returns its status, its lines, and its errors."""
         program = subprocess.Popen(
             [sys.executable, str(EXAMPLE), *arguments],

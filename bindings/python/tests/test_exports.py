@@ -5,6 +5,7 @@ import inspect
 import sys
 import unittest
 from pathlib import Path
+from typing import Any, Callable, List, Tuple
 
 from support import SimulatorTest
 
@@ -16,6 +17,9 @@ sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "generate"))
 import header  # noqa: E402
 
 MODEL = header.read(Path(__file__).resolve().parents[3] / "src/api/exports.h")
+
+
+Calls = List[Tuple[Callable[..., int], Tuple[Any, ...]]]
 
 
 class AsTheHeader(unittest.TestCase):
@@ -57,7 +61,7 @@ class AsTheHeader(unittest.TestCase):
 class Arguments(unittest.TestCase):
     def test_what_ctypes_would_bend_is_refused(self) -> None:
         small = bytearray(9)
-        for call, arguments in (
+        refused: Calls = [
             (exports.cutPaperById, (-1,)),
             (exports.cutPaperById, (2**32,)),
             (exports.BeginPrint, (2**31,)),
@@ -70,16 +74,18 @@ class Arguments(unittest.TestCase):
             (exports.getPrinterVersion, (bytearray(10), 11, b"Ticket")),
             (exports.sendRawCmdToLC, (b"x", None, bytearray(10), 11, 100)),
             (exports.getLogLevel, (b"print", (ctypes.c_char * 4)(), 5)),
-        ):
+        ]
+        for call, arguments in refused:
             with self.subTest(function=call.__name__), self.assertRaisesRegex(ValueError, call.__name__):
                 call(*arguments)
-        for call, arguments in (
+        mistaken: Calls = [
             (exports.PrintText, ("text", 24)),
             (exports.PrintText, (b"text", 24.0)),
             (exports.PrintText, (b"text", None)),
             (exports.read_standard, (b"immutable memory of bytes",)),
             (exports.read_standard, ((ctypes.c_int * 6)(),)),
-        ):
+        ]
+        for call, arguments in mistaken:
             with self.subTest(function=call.__name__), self.assertRaisesRegex(TypeError, call.__name__):
                 call(*arguments)
 
@@ -100,7 +106,7 @@ class Stubs(unittest.TestCase):
                     self.assertEqual(answer, expected)
 
 
-class Calls(SimulatorTest):
+class Devices(SimulatorTest):
     def test_records_and_buffers_are_filled(self) -> None:
         self.simulator.scale(load_kg=0.482)
         weight = exports.tolvex_weight()

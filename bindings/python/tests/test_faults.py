@@ -1,6 +1,7 @@
 """A service that goes away, comes back, or answers what it should not, in the simulator's place."""
 
 import unittest
+from typing import Callable, List
 
 from support import SimulatorTest
 
@@ -31,7 +32,8 @@ class Faults(SimulatorTest):
         receipt = Receipt().text("kept")
         receipt.print()
         self.simulator.kill()
-        for call in (tolvex.Scale().read, tolvex.Scale().info, receipt.print, tolvex.open_cash_drawer, tolvex.printers):
+        calls: List[Callable[[], object]] = [tolvex.Scale().read, tolvex.Scale().info, receipt.print]
+        for call in [*calls, tolvex.open_cash_drawer, tolvex.printers]:
             error = self.failure(call)
             self.assertEqual((error.code, error.name), (ResultCode.SOCKET_INTERRUPT, "SocketInterrupt"))
             self.assertIn("Start the service", error.remedy)

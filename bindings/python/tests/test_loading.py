@@ -7,7 +7,7 @@ import sys
 import tempfile
 import unittest
 from pathlib import Path
-from typing import Optional
+from typing import Optional, Tuple
 from unittest import mock
 
 from support import ADDRESS, LIBRARY, SOURCE, Simulator, python, python_file
@@ -190,18 +190,18 @@ class Heads(unittest.TestCase):
                 self.assertEqual(target_of_head(head), (None, reason))
 
     def test_a_32_bit_process_is_told_to_run_the_64_bit_build(self) -> None:
-        with mock.patch.object(_loader.struct, "calcsize", return_value=4):
+        with mock.patch("struct.calcsize", return_value=4):
             self.assertEqual(str(_loader.target_of_process()), NEEDED.replace("64-bit", "32-bit").replace("x64", "x86"))
             self.assertIn("run the 64-bit build of Python", _loader._advice(None))
 
     def test_other_processors_and_systems_are_told_what_there_is(self) -> None:
         with mock.patch.object(_loader, "_machine_name", return_value="ARM64"):
             self.assertIn("for x64 processors only", _loader._advice(None))
-        with mock.patch.object(_loader.sys, "platform", "darwin"):
+        with mock.patch("sys.platform", "darwin"):
             self.assertIn("There is no tolvex for this system", _loader._advice(None))
 
     def test_windows_libraries_are_opened_by_their_place_or_in_the_systems_order(self) -> None:
-        with mock.patch.object(_loader, "ON_WINDOWS", True), mock.patch.object(_loader.ctypes, "CDLL") as opened:
+        with mock.patch.object(_loader, "ON_WINDOWS", True), mock.patch("ctypes.CDLL") as opened:
             _loader._open(Path(_loader.FILE_NAME))
             opened.assert_called_once_with(_loader.FILE_NAME, winmode=0)
             opened.reset_mock()
@@ -218,7 +218,7 @@ class Heads(unittest.TestCase):
 
 
 class Command(unittest.TestCase):
-    def run_module(self, *arguments: str, **changes: Optional[str]) -> "tuple[int, str, str]":
+    def run_module(self, *arguments: str, **changes: Optional[str]) -> Tuple[int, str, str]:
         result = python_file("-m", "tolvex", *arguments, **changes)
         return result.returncode, result.stdout, result.stderr
 

@@ -6,7 +6,7 @@ import signal
 import threading
 import unittest
 from pathlib import Path
-from typing import List
+from typing import Any, List
 from unittest import mock
 
 from support import WAIT, SimulatorTest
@@ -459,13 +459,10 @@ class Devices(SimulatorTest):
         ):
             with self.assertRaises(ValueError):
                 call()  # type: ignore[no-untyped-call]
-        for wrong in (
-            lambda: tolvex.PrinterSettings(None),
-            lambda: settings.set_speed("1"),
-            lambda: self.printer.print_text(None),
-        ):
+        wrong: Any = None
+        for refuses in (tolvex.PrinterSettings, settings.set_speed, self.printer.print_text):
             with self.assertRaises(TypeError):
-                wrong()  # type: ignore[no-untyped-call]
+                refuses(wrong)  # type: ignore[operator]
         self.assertEqual(self.simulator.requests(), [])
         tolvex.PrinterSettings("ä" * 127 + "b")
 

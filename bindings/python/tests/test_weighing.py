@@ -3,6 +3,7 @@
 import threading
 import unittest
 from decimal import Decimal
+from typing import Any, List, Tuple
 
 from support import SimulatorTest
 
@@ -175,14 +176,15 @@ class Weighing(SimulatorTest):
         self.assertEqual(self.simulator.requests("selftest"), ['{"cmd":"selftest","paramList":"1,ä"}'])
 
     def test_arguments_of_raw_commands_are_checked(self) -> None:
-        for arguments in (
+        refused: List[Tuple[Any, ...]] = [
             ("a\0b",),
             ("a", "b\0"),
             ("a", "", 0),
             ("a", "", -1),
             ("a", "", 1e9),
             ("a", "", float("nan")),
-        ):
+        ]
+        for arguments in refused:
             with self.subTest(arguments=arguments), self.assertRaises(ValueError):
                 self.scale.raw_command(*arguments)
         self.assertEqual(self.simulator.requests(), [])
