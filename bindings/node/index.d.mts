@@ -1,0 +1,3 @@
+export * from './index.js';
+import * as tolvex from './index.js';
+export default tolvex;

@@ -1,0 +1,33 @@
+import tolvex from './index.js';
+
+export const {
+  load,
+  setServer,
+  checkConnection,
+  checkConnectionSync,
+  printers,
+  printersSync,
+  openCashDrawer,
+  openCashDrawerSync,
+  getServiceLogLevel,
+  getServiceLogLevelSync,
+  setServiceLogLevel,
+  setServiceLogLevelSync,
+  queueCharset,
+  explain,
+  Scale,
+  Printer,
+  PrinterSettings,
+  PrinterType,
+  Receipt,
+  JobType,
+  ResultCode,
+  TolvexError,
+  UnreadableError,
+  LibraryNotLoadedError,
+  WaitTimeoutError,
+  CharacterError,
+  constants,
+  raw,
+} = tolvex;
+export default tolvex;

@@ -1,0 +1,79 @@
+// What kind of library a file is, told from its first bytes: the system's own words for a wrong one ("%1 is not a
+// valid Win32 application") help nobody.
+'use strict';
+
+const fs = require('node:fs');
+
+const kHead = 4096;
+const elfMachines = new Map([[0x3e, '64-bit'], [0x03, '32-bit'], [0xb7, 'ARM 64-bit'], [0x28, 'ARM 32-bit']]);
+const peMachines = new Map([[0x8664, '64-bit'], [0x14c, '32-bit'], [0xaa64, 'ARM 64-bit'], [0x1c0, 'ARM 32-bit'],
+  [0x1c4, 'ARM 32-bit']]);
+
+/** @param {string} file */
+function head(file) {
+  const bytes = Buffer.alloc(kHead);
+  const opened = fs.openSync(file, 'r');
+  try {
+    return bytes.subarray(0, fs.readSync(opened, bytes, 0, kHead, 0));
+  } finally {
+    fs.closeSync(opened);
+  }
+}
+
+/** @param {Buffer} bytes */
+function elf(bytes) {
+  if (bytes.length < 20) return null;
+  const machine = bytes.readUInt16LE(18);
+  const kind = elfMachines.get(machine) ?? `another processor (${machine})`;
+  // The class counts, too: x32 has the machine of x64.
+  const isWide = bytes[4] === 2;
+  return `${kind === '64-bit' && !isWide ? '32-bit' : kind} Linux`;
+}
+
+/** @param {Buffer} bytes */
+function pe(bytes) {
+  if (bytes.length < 64) return null;
+  const at = bytes.readUInt32LE(60);
+  if (at + 6 > bytes.length || bytes.toString('latin1', at, at + 4) !== 'PE\0\0') return null;
+  const machine = bytes.readUInt16LE(at + 4);
+  return `${peMachines.get(machine) ?? `another processor (${machine})`} Windows`;
+}
+
+/** The systems' names, as the problems say them. */
+function needed() {
+  return process.platform === 'win32' ? '64-bit Windows' : '64-bit Linux';
+}
+
+/** What this process is, in the same words. */
+function running() {
+  const systems = /** @type {Record<string, string>} */ ({ win32: 'Windows', linux: 'Linux', darwin: 'macOS' });
+  const kinds = /** @type {Record<string, string>} */ ({
+    x64: '64-bit', ia32: '32-bit', arm64: 'ARM 64-bit', arm: 'ARM 32-bit',
+  });
+  return `${kinds[process.arch] ?? process.arch} ${systems[process.platform] ?? process.platform}`;
+}
+
+/**
+ * What is wrong with a file as this system's library, as far as its first bytes tell; null if nothing is.
+ * @param {string} file
+ */
+function problemOf(file) {
+  let bytes;
+  try {
+    bytes = head(file);
+  } catch (error) {
+    const code = /** @type {NodeJS.ErrnoException} */ (error).code;
+    if (code === 'ENOENT' || code === 'ENOTDIR') return 'is missing';
+    if (code === 'EISDIR') return 'is a folder';
+    return `can not be read (${code})`;
+  }
+  let kind = null;
+  if (bytes.length === 0) return 'is empty';
+  if (bytes.toString('latin1', 0, 4) === '\x7fELF') kind = elf(bytes);
+  else if (bytes.toString('latin1', 0, 2) === 'MZ') kind = pe(bytes);
+  else return `is no library; needed is one for ${needed()}`;
+  if (kind === null) return 'is damaged: it ends within its head';
+  return kind === needed() ? null : `is for ${kind}, needed is ${needed()}`;
+}
+
+module.exports = { problemOf, needed, running };

@@ -1,0 +1,77 @@
+// The simulator that run.mjs started for this process, and what tests do with it.
+'use strict';
+
+const assert = require('node:assert/strict');
+const fs = require('node:fs');
+
+const tolvex = require('..');
+
+const kLimit = 60000;
+
+let url = process.env.TEST_SIMULATOR;
+let recording = process.env.TEST_RECORDING;
+let seen = 0;
+
+async function call(method, path, body) {
+  const options = { method, signal: AbortSignal.timeout(kLimit) };
+  if (body !== undefined) {
+    options.body = JSON.stringify(body);
+    options.headers = { 'Content-Type': 'application/json' };
+  }
+  const response = await fetch(new URL(path, url), options);
+  const text = await response.text();
+  if (!response.ok) throw new Error(`${method} ${path}: ${response.status} ${text}`);
+  return /json/.test(response.headers.get('content-type')) ? JSON.parse(text) : text;
+}
+
+async function ask(what) {
+  const response = await fetch(`${process.env.TEST_CONTROL}${what}`, { signal: AbortSignal.timeout(kLimit) });
+  assert.equal(response.status, 200, `${what}: ${await response.clone().text()}`);
+  return response.json();
+}
+
+/** Lets the process talk to its own simulator; has to come before any other call. */
+function connect() {
+  tolvex.setServer(process.env.TOLVEX_TEST_ADDRESS);
+}
+
+const kill = () => ask('/kill');
+
+async function restart() {
+  const started = await ask('/start');
+  url = started.url;
+  recording = started.recording;
+  seen = 0;
+}
+
+/** The bytes of the requests that have come since the last call, of one port or both, in their order. */
+function requests(port) {
+  const lines = fs.readFileSync(recording, 'utf8').split('\n').filter(Boolean).map((line) => JSON.parse(line)).slice(1);
+  const fresh = lines.slice(seen);
+  seen = lines.length;
+  return fresh.filter((line) => port === undefined || line.port === port).map((line) => {
+    assert.equal(line.request_base64, undefined, 'the request is no UTF-8');
+    return line.request;
+  });
+}
+
+/** Back to the start, with what the scale has on it. */
+async function reset(patch = {}) {
+  await call('POST', '/api/reset', { scale: { settling_s: 0 }, ...patch });
+  requests();
+}
+
+/** The text on the paper of a job. */
+const paper = (number) => call('GET', `/api/jobs/${number}/paper.txt`);
+
+async function jobs() {
+  return (await call('GET', '/api/jobs')).jobs;
+}
+
+module.exports = {
+  connect, kill, restart, requests, reset, paper, jobs,
+  get: (path) => call('GET', path),
+  patch: (path, body) => call('PATCH', path, body),
+  post: (path, body) => call('POST', path, body),
+  remove: (path) => call('DELETE', path),
+};
