@@ -83,9 +83,9 @@ class Connection {
    * @returns {Promise<Result>}
    */
   run(work) {
-    const done = this.last.then(() => this.#doIt(work));
     this.waiting += 1;
-    this.last = done.catch(() => {}).finally(() => { this.waiting -= 1; });
+    const done = this.last.then(() => this.#doIt(work));
+    this.last = done.catch(() => {});
     return done;
   }
 
@@ -94,17 +94,21 @@ class Connection {
    * @param {Work<Result>} work
    */
   async #doIt(work) {
-    const threads = this.threads();
-    while (!threads.tryTake()) await pause(kPollMs);
     try {
-      let step = work.next();
-      while (!step.done) {
-        const [called, ...values] = step.value;
-        step = work.next(await called.async(...values));
+      const threads = this.threads();
+      while (!threads.tryTake()) await pause(kPollMs);
+      try {
+        let step = work.next();
+        while (!step.done) {
+          const [called, ...values] = step.value;
+          step = work.next(await called.async(...values));
+        }
+        return step.value;
+      } finally {
+        threads.release();
       }
-      return step.value;
     } finally {
-      threads.release();
+      this.waiting -= 1; // before whoever awaits this goes on
     }
   }
 
