@@ -115,4 +115,4 @@ def _declarations(header: Header) -> str:
 
 
 def files(header: Header, folder: Path) -> Dict[str, str]:
-    return {"lib/exports.js": _tables(header), "lib/exports.d.ts": _declarations(header)}
+    return {"lib/tables.js": _tables(header), "lib/exports.d.ts": _declarations(header)}

@@ -1,6 +1,6 @@
 'use strict';
 
-const { codes, constants } = require('./lib/exports');
+const { codes, constants } = require('./lib/tables');
 const errors = require('./lib/errors');
 const { load } = require('./lib/library');
 const { charset } = require('./lib/charset');

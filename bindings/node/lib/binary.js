@@ -14,7 +14,8 @@ function head(file) {
   const bytes = Buffer.alloc(kHead);
   const opened = fs.openSync(file, 'r');
   try {
-    return bytes.subarray(0, fs.readSync(opened, bytes, 0, kHead, 0));
+    const { size } = fs.fstatSync(opened);
+    return { bytes: bytes.subarray(0, fs.readSync(opened, bytes, 0, kHead, 0)), size };
   } finally {
     fs.closeSync(opened);
   }
@@ -34,9 +35,27 @@ function elf(bytes) {
 function pe(bytes) {
   if (bytes.length < 64) return null;
   const at = bytes.readUInt32LE(60);
-  if (at + 6 > bytes.length || bytes.toString('latin1', at, at + 4) !== 'PE\0\0') return null;
+  if (at + 24 > bytes.length || bytes.toString('latin1', at, at + 4) !== 'PE\0\0') return null;
   const machine = bytes.readUInt16LE(at + 4);
   return `${peMachines.get(machine) ?? `another processor (${machine})`} Windows`;
+}
+
+// Where a file of the needed kind ends by its own account. A process that loads a shorter one may be killed for it.
+/** @param {Buffer} bytes */
+function lengthOf(bytes) {
+  if (process.platform !== 'win32') {
+    if (bytes.length < 64) return Infinity;
+    return Number(bytes.readBigUInt64LE(40)) + bytes.readUInt16LE(58) * bytes.readUInt16LE(60); // section headers are last
+  }
+  const at = bytes.readUInt32LE(60);
+  const sections = at + 24 + bytes.readUInt16LE(at + 20);
+  let length = 0;
+  for (let i = 0; i < bytes.readUInt16LE(at + 6); i += 1) {
+    const section = sections + 40 * i;
+    if (section + 40 > bytes.length) return Infinity;
+    length = Math.max(length, bytes.readUInt32LE(section + 16) + bytes.readUInt32LE(section + 20));
+  }
+  return length;
 }
 
 /** The systems' names, as the problems say them. */
@@ -59,8 +78,9 @@ function running() {
  */
 function problemOf(file) {
   let bytes;
+  let size;
   try {
-    bytes = head(file);
+    ({ bytes, size } = head(file));
   } catch (error) {
     const code = /** @type {NodeJS.ErrnoException} */ (error).code;
     if (code === 'ENOENT' || code === 'ENOTDIR') return 'is missing';
@@ -73,7 +93,8 @@ function problemOf(file) {
   else if (bytes.toString('latin1', 0, 2) === 'MZ') kind = pe(bytes);
   else return `is no library; needed is one for ${needed()}`;
   if (kind === null) return 'is damaged: it ends within its head';
-  return kind === needed() ? null : `is for ${kind}, needed is ${needed()}`;
+  if (kind !== needed()) return `is for ${kind}, needed is ${needed()}`;
+  return size < lengthOf(bytes) ? 'is damaged: it ends before its end' : null;
 }
 
 module.exports = { problemOf, needed, running };

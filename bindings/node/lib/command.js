@@ -2,7 +2,7 @@
 // something else.
 'use strict';
 
-const { constants } = require('./exports');
+const { constants } = require('./tables');
 const { TolvexError } = require('./errors');
 const raw = require('./raw');
 

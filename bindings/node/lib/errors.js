@@ -1,6 +1,6 @@
 'use strict';
 
-const { codes, answers } = require('./exports');
+const { codes, answers } = require('./tables');
 
 const rows = new Map(codes.map((row) => [row.code, row]));
 

@@ -2,7 +2,7 @@
 
 const path = require('node:path');
 
-const { constants } = require('./exports');
+const { constants } = require('./tables');
 const {
   verdict, code, fontSize, paperWidth, angle, unsigned, wholeNumber, text, textThatIsNotEmpty, printerName, room, wait, kTextSize,
 } = require('./command');

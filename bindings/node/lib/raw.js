@@ -2,7 +2,7 @@
 // program passes here, the library reads and writes nothing that is not the program's.
 'use strict';
 
-const { functions } = require('./exports');
+const { functions } = require('./tables');
 const library = require('./library');
 
 const limits = { int: [-0x80000000, 0x7fffffff], uint: [0, 0xffffffff] };

@@ -3,7 +3,7 @@
 const fs = require('node:fs');
 const path = require('node:path');
 
-const { constants } = require('./exports');
+const { constants } = require('./tables');
 const { verdict, fontSize, paperWidth, angle, wholeNumber, text, textThatIsNotEmpty } = require('./command');
 const { printing } = require('./connection');
 const { encoded } = require('./charset');

@@ -2,7 +2,7 @@
 
 const { performance } = require('node:perf_hooks');
 
-const { constants, records } = require('./exports');
+const { constants, records } = require('./tables');
 const { verdict, code, text, textThatIsNotEmpty, wait, wholeNumber, room, kTextSize } = require('./command');
 const { weighing, printing } = require('./connection');
 const { decoded, encodedUtf8 } = require('./charset');

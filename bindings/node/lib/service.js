@@ -1,6 +1,6 @@
 'use strict';
 
-const { constants } = require('./exports');
+const { constants } = require('./tables');
 const { verdict, code, text, room, kTextSize } = require('./command');
 const { weighing, printing } = require('./connection');
 const { decoded, encodedUtf8 } = require('./charset');

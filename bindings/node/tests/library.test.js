@@ -47,7 +47,8 @@ const wrong = [
   ['for ARM on Windows', file('pearm', pe(0xaa64)), `is for ARM 64-bit Windows, needed is ${needed}`],
   ['that of the other system', file('other', isWindows ? elf(0x3e, 2) : pe(0x8664)),
     `is for ${isWindows ? '64-bit Linux' : '64-bit Windows'}, needed is ${needed}`],
-  ['of the right kind, but damaged', file(`damaged${path.extname(library)}`, fs.readFileSync(library).subarray(0, 2048)), /^does not load: .+/],
+  ['of the right kind, but cut off', file('half', fs.readFileSync(library).subarray(0, 8192)), 'is damaged: it ends before its end'],
+  ['of the right kind, but nothing else', file('hollow', isWindows ? pe(0x8664) : elf(0x3e, 2)), /^does not load: .+/],
 ];
 
 const tolvex = require('..');
@@ -68,9 +69,11 @@ for (const [name, given, problem] of wrong) {
   });
 }
 
-test('the real library of another system is refused', { skip: !process.env.TEST_OTHER_LIBRARY && 'there is none in this build' }, () => {
-  assert.throws(() => tolvex.load(process.env.TEST_OTHER_LIBRARY), /is for 64-bit (Windows|Linux), needed is/);
-});
+if (process.env.TOLVEX_OTHER_LIBRARY) {
+  test('the library of the other system is refused', () => {
+    assert.throws(() => tolvex.load(process.env.TOLVEX_OTHER_LIBRARY), /is for 64-bit (Windows|Linux), needed is/);
+  });
+}
 
 test('TOLVEX_LIBRARY is the only place where it is looked for', () => {
   process.env.TOLVEX_LIBRARY = path.join(folder, 'missing.so');

@@ -4,7 +4,7 @@ const { test, before, beforeEach } = require('node:test');
 const assert = require('node:assert/strict');
 
 const tolvex = require('..');
-const { functions, records } = require('../lib/exports');
+const { functions, records } = require('../lib/tables');
 const { handle } = require('../lib/library');
 const simulator = require('./simulator');
 
