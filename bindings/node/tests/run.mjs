@@ -1,7 +1,7 @@
 // Runs a file of tests in a process of its own, with a simulator of its own.
 // usage: run.mjs FILE.test.js
 //   TOLVEX_LIBRARY         the library under test
-//   ZELKAD_SIM             the simulator
+//   ZELKAD_SIM             the simulator, with a launcher before it if need be
 //   TOLVEX_TEST_ADDRESS    where it listens, of the loopback range
 //   TOLVEX_NODE_MODULES    where npm has put koffi
 //   TOLVEX_NODE            the program that runs the tests, with a launcher before it; node if not set. Its output
@@ -33,8 +33,9 @@ let recordings = 0;
 async function startSimulator() {
   recordings += 1;
   const recording = path.join(folder, `recording-${recordings}.jsonl`);
-  const child = spawn(required('ZELKAD_SIM'), ['--quiet', '--address', address, '--web-port', '0', '--settling', '0',
-    '--record', recording, '--paper-dir', path.join(folder, 'paper')], { stdio: ['ignore', 'pipe', 'inherit'], cwd: folder });
+  const [command, ...launched] = required('ZELKAD_SIM').split(' ');
+  const child = spawn(command, [...launched, '--quiet', '--address', address, '--web-port', '0', '--settling', '0',
+    '--record', forTheTest(recording)], { stdio: ['ignore', 'pipe', 'inherit'], cwd: folder });
   const limit = setTimeout(() => child.kill(), kStartLimit);
   let url = null;
   for await (const line of readline.createInterface({ input: child.stdout })) {
@@ -66,7 +67,7 @@ const control = http.createServer(async (request, response) => {
     let answer = {};
     if (request.url === '/kill') await killSimulator();
     if (request.url === '/start') answer = await startSimulator();
-    response.end(JSON.stringify(answer));
+    response.writeHead(200, { 'Content-Type': 'application/json' }).end(JSON.stringify(answer));
   } catch (error) {
     response.writeHead(500).end(String(error));
   }
