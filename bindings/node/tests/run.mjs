@@ -1,5 +1,5 @@
 // Runs a file of tests in a process of its own, with a simulator of its own.
-// usage: run.mjs FILE.test.js
+// usage: run.mjs FILE.test.js [OPTION-OF-THE-SIMULATOR...]
 //   TOLVEX_LIBRARY         the library under test
 //   ZELKAD_SIM             the simulator, with a launcher before it if need be
 //   TOLVEX_TEST_ADDRESS    where it listens, of the loopback range
@@ -34,8 +34,8 @@ async function startSimulator() {
   recordings += 1;
   const recording = path.join(folder, `recording-${recordings}.jsonl`);
   const [command, ...launched] = required('ZELKAD_SIM').split(' ');
-  const child = spawn(command, [...launched, '--quiet', '--address', address, '--web-port', '0', '--settling', '0',
-    '--record', forTheTest(recording)], { stdio: ['ignore', 'pipe', 'inherit'], cwd: folder });
+  const child = spawn(command, [...launched, '--quiet', '--address', address, '--web-port', '0',
+    '--record', forTheTest(recording), ...process.argv.slice(3)], { stdio: ['ignore', 'pipe', 'inherit'], cwd: folder });
   const limit = setTimeout(() => child.kill(), kStartLimit);
   let url = null;
   for await (const line of readline.createInterface({ input: child.stdout })) {
