@@ -34,6 +34,9 @@ function(tolvex_node_test name file address)
   endif()
   tolvex_binding_test(Node${name} ${CMAKE_COMMAND} -E env ${environment}
     ${TOLVEX_NODE_PROGRAM} ${node_binding}/tests/run.mjs ${node_binding}/tests/${file}.test.js ${arg_SIMULATOR})
+  if(WIN32) # where all programs have the log's folder in common
+    set_tests_properties(bindings.Node${name} PROPERTIES RESOURCE_LOCK library)
+  endif()
 endfunction()
 
 set(net 127.62.1)

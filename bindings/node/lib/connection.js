@@ -19,10 +19,18 @@ class FileLock {
     const kExclusive = 2;
     const kNow = 4;
     const kUnlock = 8;
-    this.file = fs.openSync(`/proc/${process.pid}/${name}`, 'r');
+    /** @type {number} */
+    let file;
+    try {
+      file = fs.openSync(`/proc/${process.pid}/${name}`, 'r');
+    } catch { // a system without /proc: each thread has its own order then
+      this.tryTake = () => true;
+      this.release = () => {};
+      return;
+    }
     const flock = koffi().load(null).func('flock', 'int', ['int', 'int']);
-    this.tryTake = () => flock(this.file, kExclusive | kNow) === 0;
-    this.release = () => flock(this.file, kUnlock);
+    this.tryTake = () => flock(file, kExclusive | kNow) === 0;
+    this.release = () => { flock(file, kUnlock); };
   }
 }
 

@@ -2,6 +2,7 @@
 'use strict';
 
 const path = require('node:path');
+const { getEnvironmentData, setEnvironmentData } = require('node:worker_threads');
 
 const { problemOf, needed, running } = require('./binary');
 const { LibraryNotLoadedError } = require('./errors');
@@ -10,6 +11,20 @@ const isWindows = process.platform === 'win32';
 const fileName = isWindows ? 'tolvex_dll.dll' : 'libtolvex_dll.so';
 
 /** @typedef {{file: string, system?: boolean}} Candidate */
+
+// A process has one library: workers, and another copy of this package, take the one that was loaded before.
+const inThisProcess = 'tolvex: path of the library';
+
+/** @returns {string | undefined} */
+function loadedBefore() {
+  return /** @type {any} */ (globalThis)[Symbol.for(inThisProcess)] ?? getEnvironmentData(inThisProcess);
+}
+
+/** @param {string} file */
+function tellOthers(file) {
+  /** @type {any} */ (globalThis)[Symbol.for(inThisProcess)] = file;
+  setEnvironmentData(inThisProcess, file); // of workers that are started from now on
+}
 
 /** @type {{path: string, handle: import('koffi').LibraryHandle} | null} */
 let loaded = null;
@@ -43,6 +58,8 @@ function outsideOfArchive(file) {
  */
 function candidates(given) {
   if (given !== undefined) return [{ file: path.resolve(given) }];
+  const before = loadedBefore();
+  if (before) return [{ file: before, system: !path.isAbsolute(before) }];
   const set = process.env.TOLVEX_LIBRARY;
   if (set) return [{ file: path.resolve(set) }];
   const inPackage = path.join(__dirname, '..', 'native', isWindows ? 'win32-x64' : 'linux-x64', fileName);
@@ -123,18 +140,19 @@ function load(given) {
   if (given !== undefined && (typeof given !== 'string' || given === '')) {
     throw new TypeError('The path of the library has to be a text that is not empty.');
   }
-  if (loaded) {
-    if (given !== undefined && path.resolve(given) !== loaded.path) {
-      throw new Error(`The library is loaded already, from ${loaded.path}; it stays until the process ends.`);
-    }
-    return loaded.path;
+  const before = loaded?.path ?? loadedBefore();
+  if (before && given !== undefined && path.resolve(given) !== before) {
+    throw new Error(`The library is loaded already, from ${before}; it stays until the process ends.`);
   }
+  if (loaded) return loaded.path;
   /** @type {{file: string, problem: string}[]} */
   const tried = [];
   if (process.arch !== 'x64' || !(isWindows || process.platform === 'linux')) throw failure(tried);
   for (const candidate of candidates(given)) {
     loaded = attempt(candidate, tried);
-    if (loaded) return loaded.path;
+    if (!loaded) continue;
+    tellOthers(loaded.path);
+    return loaded.path;
   }
   throw failure(tried);
 }

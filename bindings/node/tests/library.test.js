@@ -4,6 +4,8 @@ const { test } = require('node:test');
 const assert = require('node:assert/strict');
 const fs = require('node:fs');
 const path = require('node:path');
+const { once } = require('node:events');
+const { Worker } = require('node:worker_threads');
 
 const isWindows = process.platform === 'win32';
 const library = process.env.TOLVEX_LIBRARY;
@@ -139,4 +141,20 @@ test('after all that the library is loaded, once', () => {
   assert.equal(tolvex.load(library), path.resolve(library));
   assert.throws(() => tolvex.load(path.join(folder, 'missing.so')), /loaded already, from /);
   assert.equal(tolvex.raw.OpenDisplay(), tolvex.constants.TOLVEX_OK);
+});
+
+test('a worker takes the library that is in the process, wherever it would look itself', async () => {
+  delete process.env.TOLVEX_LIBRARY;
+  const worker = new Worker(`const { parentPort, workerData } = require('node:worker_threads');
+    parentPort.postMessage(require(workerData).load());`, { eval: true, workerData: path.join(__dirname, '..') });
+  const [found] = await once(worker, 'message', { signal: AbortSignal.timeout(60000) });
+  assert.equal(found, path.resolve(library));
+});
+
+test('another copy of the package takes it, too', () => {
+  for (const loaded of Object.keys(require.cache)) if (!loaded.includes('node_modules')) delete require.cache[loaded];
+  const copy = require('..');
+  assert.notEqual(copy, tolvex);
+  assert.equal(copy.load(), path.resolve(library));
+  assert.throws(() => copy.load(path.join(folder, 'missing.so')), /loaded already, from /);
 });

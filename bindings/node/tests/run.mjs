@@ -77,7 +77,8 @@ async function run(file) {
   control.listen(0, '127.0.0.1');
   await once(control, 'listening');
   const { url, recording } = await startSimulator();
-  const [command, ...args] = [...(process.env.TOLVEX_NODE ?? process.execPath).split(' '), forTheTest(path.resolve(file))];
+  const [command, ...args] = [...(process.env.TOLVEX_NODE ?? process.execPath).split(' '), '--test-reporter=tap',
+    forTheTest(path.resolve(file))];
   const printed = path.join(folder, 'output');
   const output = fs.openSync(printed, 'w');
   const child = spawn(command, args, {
