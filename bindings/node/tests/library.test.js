@@ -134,7 +134,24 @@ test('a path that is none is refused', () => {
   for (const given of ['', null, 5]) assert.throws(() => tolvex.load(given), TypeError);
 });
 
-// The last one: from here on the library is in the process.
+function isInProcess() {
+  const koffi = require('koffi');
+  if (isWindows) return koffi.load('kernel32.dll').func('__stdcall', 'GetModuleHandleW', 'intptr_t', ['str16'])(library) !== 0;
+  const kNoLoad = 4;
+  const kNow = 2;
+  return koffi.load(null).func('dlopen', 'intptr_t', ['str', 'int'])(library, kNow | kNoLoad) !== 0;
+}
+
+test('the library stays in the process when the worker that loaded it has ended', async () => {
+  assert.equal(isInProcess(), false);
+  const worker = new Worker("require(require('node:worker_threads').workerData).raw.OpenDisplay();",
+    { eval: true, workerData: path.join(__dirname, '..') });
+  const [status] = await once(worker, 'exit', { signal: AbortSignal.timeout(60000) });
+  assert.equal(status, 0);
+  assert.equal(isInProcess(), true);
+});
+
+// From here on the library is in the process.
 test('after all that the library is loaded, once', () => {
   assert.equal(tolvex.load(library), path.resolve(library));
   assert.equal(tolvex.load(), path.resolve(library));

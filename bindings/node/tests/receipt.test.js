@@ -146,3 +146,29 @@ test('half a surrogate pair is refused before anything is printed, or replaced',
   assert.equal(JSON.parse(simulator.requests()[0]).text, 'a? b');
   await assert.rejects(new tolvex.Printer().printText('\udc00'), tolvex.CharacterError);
 });
+
+test('lines that a lack of memory left in the library are never printed with the next receipt', async () => {
+  const rawPath = require.resolve('../lib/raw');
+  const receiptPath = require.resolve('../lib/receipt');
+  const kept = [rawPath, receiptPath].map((file) => [file, require.cache[file]]);
+  let printed = 0;
+  let memory = 1;
+  const stub = {
+    PrintText() { memory -= 1; return memory >= 0 ? 240 : 255; },
+    PrintBitmapFile() {},
+    BeginPrint: { async: async () => { printed += 1; return 240; } },
+  };
+  delete require.cache[receiptPath];
+  require.cache[rawPath].exports = stub;
+  try {
+    const { Receipt } = require('../lib/receipt');
+    await assert.rejects(new Receipt().text('one').text('two').print(), /did not take line 2 of the receipt.*Restart the application/s);
+    memory = 100;
+    await assert.rejects(new Receipt().text('next').print(), /Restart the application/);
+    assert.equal(printed, 0);
+    assert.equal(memory, 100);
+  } finally {
+    for (const [file, module] of kept) require.cache[file] = module;
+    require.cache[rawPath].exports = tolvex.raw;
+  }
+});

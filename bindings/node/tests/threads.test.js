@@ -98,6 +98,21 @@ async function inWorkers(names, work) {
   }));
 }
 
+test('a worker has its turn on a connection to itself', async () => {
+  const { printing, weighing } = require('../lib/connection');
+  const held = new Int32Array(new SharedArrayBuffer(4));
+  const worker = new Worker(path.join(__dirname, 'worker.js'), { workerData: { work: 'hold', held } });
+  await once(worker, 'message', { signal: AbortSignal.timeout(kLimit) });
+  const taken = [printing, weighing].map((connection) => connection.threads().tryTake());
+  Atomics.store(held, 0, 1);
+  Atomics.notify(held, 0);
+  assert.deepEqual(taken, [false, true]);
+  weighing.threads().release();
+  await once(worker, 'exit', { signal: AbortSignal.timeout(kLimit) });
+  assert.equal(printing.threads().tryTake(), true);
+  printing.threads().release();
+});
+
 test('receipts that several workers print at the same time are not mixed', async () => {
   await inWorkers(['A', 'B', 'C'], 'print');
   const jobs = printedJobs();

@@ -1,7 +1,7 @@
 'use strict';
 
 const assert = require('node:assert/strict');
-const { workerData } = require('node:worker_threads');
+const { parentPort, workerData } = require('node:worker_threads');
 
 const tolvex = require('..');
 
@@ -21,4 +21,12 @@ async function weigh() {
   }
 }
 
-({ print, weigh })[workerData.work]();
+// Keeps its turn for printing until it is told.
+function hold() {
+  require('../lib/connection').printing.runSync((function* work() {
+    parentPort.postMessage('held');
+    Atomics.wait(workerData.held, 0, 0);
+  })());
+}
+
+({ print, weigh, hold })[workerData.work]();
