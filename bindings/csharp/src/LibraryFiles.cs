@@ -1,0 +1,106 @@
+using System;
+using System.Collections.Generic;
+using System.IO;
+
+namespace Tolvex
+{
+    /// <summary>Where the library may lie, and what kind of file lies there.</summary>
+    internal static class LibraryFiles
+    {
+        private const int HeadBytes = 4096;
+
+        internal static string Name(bool isWindows)
+        {
+            return isWindows ? "tolvex_dll.dll" : "libtolvex_dll.so";
+        }
+
+        // Beside this assembly, as its package has it and as it lies in the folder of packages; then beside the
+        // application; then where a program that is a single file unpacks its libraries.
+        internal static IList<string> Candidates(bool isWindows, string assemblyFolder, string applicationFolder,
+            string searchFolders)
+        {
+            string name = Name(isWindows);
+            string below = Path.Combine("runtimes", isWindows ? "win-x64" : "linux-x64", "native", name);
+            var files = new List<string>();
+            if (assemblyFolder != null)
+            {
+                Add(files, assemblyFolder, below);
+                Add(files, assemblyFolder, name);
+                Add(files, Path.Combine(assemblyFolder, "..", ".."), below);
+            }
+            if (applicationFolder != null)
+            {
+                Add(files, applicationFolder, below);
+                Add(files, applicationFolder, name);
+            }
+            foreach (string folder in (searchFolders ?? "").Split(Path.PathSeparator))
+            {
+                if (folder.Length > 0) Add(files, folder, name);
+            }
+            return files;
+        }
+
+        private static void Add(List<string> files, string folder, string name)
+        {
+            string file = Path.GetFullPath(Path.Combine(folder, name));
+            if (!files.Contains(file)) files.Add(file);
+        }
+
+        // Null if the file is of the kind that this process can load.
+        internal static string WhatIsWrong(string file, bool isWindows)
+        {
+            byte[] head;
+            try
+            {
+                if (!File.Exists(file)) return Directory.Exists(file) ? "is a folder" : "is missing";
+                head = Head(file);
+            }
+            catch (Exception e) when (e is IOException || e is UnauthorizedAccessException)
+            {
+                return "can not be read (" + e.Message + ")";
+            }
+            string kind = Kind(head), needed = isWindows ? "64-bit Windows" : "64-bit Linux";
+            if (kind == null) return "is no library, or damaged; needed is one for " + needed + " (x86-64)";
+            return kind == needed ? null : "is for " + kind + ", needed is " + needed;
+        }
+
+        private static byte[] Head(string file)
+        {
+            using (var stream = new FileStream(file, FileMode.Open, FileAccess.Read, FileShare.ReadWrite))
+            {
+                var head = new byte[HeadBytes];
+                int size = 0, read;
+                while (size < HeadBytes && (read = stream.Read(head, size, HeadBytes - size)) > 0) size += read;
+                Array.Resize(ref head, size);
+                return head;
+            }
+        }
+
+        // "64-bit Windows", "32-bit Linux", "Linux on another processor (183)" ...; null for what is no library.
+        internal static string Kind(byte[] head)
+        {
+            if (head.Length >= 20 && head[0] == 0x7F && head[1] == 'E' && head[2] == 'L' && head[3] == 'F')
+            {
+                if (head[4] == 1) return "32-bit Linux";
+                if (head[4] != 2) return null;
+                int machine = Two(head, 18);
+                return machine == 62 ? "64-bit Linux" : "Linux on another processor (ELF machine " + machine + ")";
+            }
+            if (head.Length >= 64 && head[0] == 'M' && head[1] == 'Z')
+            {
+                long at = (uint)(Two(head, 60) | (Two(head, 62) << 16));
+                if (at + 6 > head.Length || head[at] != 'P' || head[at + 1] != 'E') return null;
+                int machine = Two(head, (int)at + 4);
+                if (machine == 0x8664) return "64-bit Windows";
+                if (machine == 0x014C) return "32-bit Windows";
+                return "Windows on another processor (PE machine 0x" + machine.ToString("x4") + ")";
+            }
+            return null;
+        }
+
+        private static int Two(byte[] bytes, int at)
+        {
+            return bytes[at] | (bytes[at + 1] << 8);
+        }
+    }
+}
