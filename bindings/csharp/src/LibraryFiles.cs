@@ -33,7 +33,7 @@ namespace Tolvex
                 Add(files, applicationFolder, below);
                 Add(files, applicationFolder, name);
             }
-            foreach (string folder in (searchFolders ?? "").Split(Path.PathSeparator))
+            foreach (string folder in (searchFolders ?? "").Split(new[] { Path.PathSeparator }))
             {
                 if (folder.Length > 0) Add(files, folder, name);
             }

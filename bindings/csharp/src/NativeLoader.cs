@@ -15,9 +15,7 @@ namespace Tolvex
         {
             try
             {
-                IntPtr handle = IsWindows ? Windows.Open(file) : Posix.Open(file);
-                wrong = handle != IntPtr.Zero ? null : IsWindows ? Windows.LastError() : Posix.LastError();
-                return handle;
+                return IsWindows ? Windows.Open(file, out wrong) : Posix.Open(file, out wrong);
             }
             catch (DllNotFoundException e)
             {
@@ -48,12 +46,14 @@ namespace Tolvex
             private static extern uint FormatMessageW(uint flags, IntPtr source, uint id, uint language,
                 StringBuilder buffer, uint size, IntPtr arguments);
 
-            internal static IntPtr Open(string file)
+            internal static IntPtr Open(string file, out string wrong)
             {
-                return LoadLibraryExW(file, IntPtr.Zero, Path.IsPathRooted(file) ? AlteredSearchPath : 0);
+                IntPtr handle = LoadLibraryExW(file, IntPtr.Zero, Path.IsPathRooted(file) ? AlteredSearchPath : 0);
+                wrong = handle == IntPtr.Zero ? LastError() : null;
+                return handle;
             }
 
-            internal static string LastError()
+            private static string LastError()
             {
                 int error = Marshal.GetLastWin32Error();
                 var text = new StringBuilder(512);
@@ -105,22 +105,31 @@ namespace Tolvex
                 }
             }
 
-            internal static IntPtr Open(string file)
+            // The reason is asked for at once: the runtime uses the same functions, and would leave its own there.
+            internal static IntPtr Open(string file, out string wrong)
             {
                 byte[] name = Texts.Utf8Ended(file);
-                return hasDl ? OpenByDl(name, Now | NeverUnload) : OpenByC(name, Now | NeverUnload);
+                IntPtr handle, reason;
+                if (hasDl)
+                {
+                    handle = OpenByDl(name, Now | NeverUnload);
+                    reason = handle == IntPtr.Zero ? ErrorByDl() : IntPtr.Zero;
+                }
+                else
+                {
+                    handle = OpenByC(name, Now | NeverUnload);
+                    reason = handle == IntPtr.Zero ? ErrorByC() : IntPtr.Zero;
+                }
+                wrong = handle != IntPtr.Zero ? null
+                    : reason == IntPtr.Zero ? "the system gives no reason"
+                    : Texts.FromPointer(reason);
+                return handle;
             }
 
             internal static IntPtr Find(IntPtr handle, string name)
             {
                 byte[] ended = Texts.Utf8Ended(name);
                 return hasDl ? FindByDl(handle, ended) : FindByC(handle, ended);
-            }
-
-            internal static string LastError()
-            {
-                IntPtr text = hasDl ? ErrorByDl() : ErrorByC();
-                return text == IntPtr.Zero ? "the system gives no reason" : Texts.FromPointer(text);
             }
         }
     }

@@ -113,10 +113,10 @@ namespace Tolvex
 
         private static void CheckLines(string text)
         {
-            string[] lines = text.Split('\n');
+            string[] lines = text.Split(new[] { '\n' });
             for (int index = 0; index < lines.Length; ++index)
             {
-                int size = Texts.Utf8Count(lines[index].TrimEnd('\r'));
+                int size = Texts.Utf8Count(lines[index].TrimEnd(new[] { '\r' }));
                 if (size > MaxLineBytes)
                 {
                     throw new ArgumentException("Line " + (index + 1) + " of the text has " + size + " bytes of UTF-8; at most " +

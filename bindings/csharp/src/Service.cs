@@ -77,7 +77,7 @@ namespace Tolvex
             var buffer = new byte[RawReply.Bytes + 1];
             Results.CheckVerdict("GetPrinterList", Exports.GetPrinterList(buffer, RawReply.Bytes));
             var names = new List<string>();
-            foreach (string part in Texts.FromBytes(buffer, 0, buffer.Length).Split(','))
+            foreach (string part in Texts.FromBytes(buffer, 0, buffer.Length).Split(new[] { ',' }))
             {
                 string name = part.Trim();
                 if (name.Length > 0) names.Add(name);
