@@ -1,0 +1,83 @@
+#!/usr/bin/env bash
+# The package of the C# binding, laid out as build tools do, serves a program; and it says what it is.
+# usage: csharp_package_test.sh SOURCE BUILD PACKAGES ADDRESS
+set -euo pipefail
+source=$1 build=$2 packages=$3 address=$4
+folder=$(mktemp -d)
+simulator=""
+trap '[ -z "$simulator" ] || kill "$simulator"; rm -rf "$folder"' EXIT
+unset TOLVEX_LIBRARY
+export HOME=$folder/home XDG_STATE_HOME=$folder/home/state
+fail() { echo "FAILED: $1" >&2; exit 1; }
+
+package=$(ls "$packages"/Tolvex.*.nupkg)
+unzip -q "$package" -d "$folder/package"
+cd "$folder"
+
+# What NuGet reads.
+first=$(unzip -Z1 "$package" | head -n 1)
+[ "$first" = "[Content_Types].xml" ] || fail "the package begins with $first"
+python3 - "$folder/package" "$package" <<'END'
+import pathlib, re, sys
+import xml.etree.ElementTree as xml
+root = pathlib.Path(sys.argv[1])
+types = {e.get("Extension") for e in xml.parse(root / "[Content_Types].xml").getroot()}
+for relation in xml.parse(root / "_rels/.rels").getroot():
+    assert (root / relation.get("Target").lstrip("/")).is_file(), relation.get("Target")
+nuspec = {e.tag.split("}")[1]: e.text for e in xml.parse(root / "Tolvex.nuspec").getroot()[0]}
+assert nuspec["id"] == "Tolvex" and f"Tolvex.{nuspec['version']}.nupkg" == pathlib.Path(sys.argv[2]).name, nuspec
+assert (root / nuspec["readme"]).is_file()
+for file in root.rglob("*"):
+    assert file.is_dir() or file.suffix[1:] in types or file.name == ".rels", f"{file} has no type"
+for kind in ("build", "buildTransitive"):
+    targets = xml.parse(root / kind / "net45/Tolvex.targets").getroot()
+    for include in (e.get("Include") for e in targets.iter() if e.get("Include")):
+        path = include.replace("$(TolvexRuntimes)", "runtimes\\").replace("\\", "/")
+        assert (root / path).is_file(), f"{include} is not in the package"
+for name in ("README.md", "THIRD-PARTY-NOTICES-win-x64.txt", "THIRD-PARTY-NOTICES-linux-x64.txt", "examples/checkout/Checkout.cs",
+             "runtimes/win-x64/native/tolvex_dll.dll", "runtimes/linux-x64/native/libtolvex_dll.so", "lib/net45/Tolvex.xml"):
+    assert (root / name).stat().st_size > 0, name
+for link in re.findall(r"\]\(([^)#:]+)\)", (root / "README.md").read_text(encoding="utf-8")):
+    assert (root / link).exists(), f"the README links to {link}"
+END
+cmp package/lib/net45/Tolvex.dll package/lib/netstandard2.0/Tolvex.dll
+
+# A program that tells which library it has, and weighs.
+cat >till.cs <<END
+class Till
+{
+    static void Main()
+    {
+        Tolvex.Service.SetServer("$address");
+        System.Console.WriteLine(Tolvex.Library.LoadedPath);
+        System.Console.WriteLine(new Tolvex.Scale().Read().Net);
+    }
+}
+END
+mcs -out:till.exe till.cs -r:package/lib/netstandard2.0/Tolvex.dll
+mcs -warnaserror -out:checkout.exe package/examples/checkout/Checkout.cs -r:package/lib/net45/Tolvex.dll
+"$build/bin/zelkad-sim" --address "$address" --no-web --quiet --load 0.482 --settling 0 >simulator.log &
+simulator=$!
+for _ in $(seq 400); do
+  ! grep -q ready simulator.log || break
+  sleep 0.05
+done
+grep -q ready simulator.log || fail "the simulator did not begin within 20 s: $(cat simulator.log)"
+
+# expect LIBRARY PROGRAM: the program, run by Mono, has this library and weighs with it.
+expect() {
+  local said
+  said=$(mono "$2" | tail -n 2)
+  [ "$said" = "$1"$'\n'0.4820 ] || fail "$2 says $said"
+}
+
+# As dotnet build lays it out, then as .NET Framework and dotnet publish do, then with the assembly in the folder of packages.
+mkdir -p built/runtimes published program
+cp till.exe package/lib/netstandard2.0/Tolvex.dll built/
+cp -r package/runtimes/* built/runtimes/
+expect "$folder/built/runtimes/linux-x64/native/libtolvex_dll.so" built/till.exe
+cp till.exe package/lib/net45/Tolvex.dll package/runtimes/linux-x64/native/libtolvex_dll.so published/
+expect "$folder/published/libtolvex_dll.so" published/till.exe
+cp till.exe program/
+MONO_PATH=$folder/package/lib/net45 expect "$folder/package/runtimes/linux-x64/native/libtolvex_dll.so" program/till.exe
+echo "the package serves in each place"
