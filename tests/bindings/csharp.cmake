@@ -32,10 +32,15 @@ add_custom_command(OUTPUT ${made}/Tolvex.Tests.exe
 add_custom_command(OUTPUT ${made}/Checkout.exe
   COMMAND ${TOLVEX_MCS} -langversion:7 -warnaserror -reference:${made}/Tolvex.dll -out:${made}/Checkout.exe ${example}
   DEPENDS ${made}/Tolvex.dll ${example} COMMENT "Compiling Checkout.exe" VERBATIM)
+add_library(csharp_short_of_memory MODULE ${csharp}/tests/native/short_of_memory.c)
+target_link_options(csharp_short_of_memory PRIVATE -Wl,--no-as-needed) # all but one function are the library's own
+target_link_libraries(csharp_short_of_memory PRIVATE tolvex_dll ${CMAKE_DL_LIBS})
+set_target_properties(csharp_short_of_memory PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${made})
 add_custom_target(csharp-tests ALL DEPENDS ${made}/Tolvex.Tests.exe ${made}/Checkout.exe)
 
 # tolvex_csharp_test(NAME CLASS [LOCALE]): bindings.CSharpNAME
 set(csharp_number 0)
+set(csharp_library tolvex_dll)
 function(tolvex_csharp_test name class)
   math(EXPR csharp_number "${csharp_number} + 1")
   set(csharp_number ${csharp_number} PARENT_SCOPE)
@@ -49,7 +54,7 @@ function(tolvex_csharp_test name class)
   file(MAKE_DIRECTORY ${home})
   tolvex_binding_test(CSharp${name} ${TOLVEX_MONO} --debug ${made}/Tolvex.Tests.exe ${class})
   set_tests_properties(bindings.CSharp${name} PROPERTIES ENVIRONMENT
-    "TOLVEX_LIBRARY=$<TARGET_FILE:tolvex_dll>;ZELKAD_SIM=$<TARGET_FILE:zelkad-sim>;TOLVEX_TEST_ADDRESS=127.63.1.${csharp_number};TOLVEX_EXAMPLE=${made}/Checkout.exe;TOLVEX_FRAMEWORK_MEMBERS=${csharp}/tests/framework-members.txt;HOME=${home};XDG_STATE_HOME=${home};${locale}")
+    "TOLVEX_LIBRARY=$<TARGET_FILE:${csharp_library}>;ZELKAD_SIM=$<TARGET_FILE:zelkad-sim>;TOLVEX_TEST_ADDRESS=127.63.1.${csharp_number};TOLVEX_EXAMPLE=${made}/Checkout.exe;TOLVEX_FRAMEWORK_MEMBERS=${csharp}/tests/framework-members.txt;HOME=${home};XDG_STATE_HOME=${home};${locale}")
 endfunction()
 
 tolvex_csharp_test(Weighing WeighingTests)
@@ -65,3 +70,7 @@ tolvex_csharp_test(Utf8 Utf8Tests)
 tolvex_csharp_test(Gbk GbkTests zh_CN.GBK)
 tolvex_csharp_test(Cp1251 Cp1251Tests ru_RU.CP1251)
 tolvex_csharp_test(Latin1 Latin1Tests de_DE.ISO-8859-1)
+
+# With a library that fails where the real one hardly can.
+set(csharp_library csharp_short_of_memory)
+tolvex_csharp_test(Queue QueueTests)
