@@ -80,4 +80,39 @@ cp till.exe package/lib/net45/Tolvex.dll package/runtimes/linux-x64/native/libto
 expect "$folder/published/libtolvex_dll.so" published/till.exe
 cp till.exe program/
 MONO_PATH=$folder/package/lib/net45 expect "$folder/package/runtimes/linux-x64/native/libtolvex_dll.so" program/till.exe
+
+# As a project of .NET Framework builds it, by the package's own targets.
+mkdir project
+cp till.cs project/
+cat >project/till.csproj <<'END'
+<Project ToolsVersion="4.0" DefaultTargets="Build" xmlns="http://schemas.microsoft.com/developer/msbuild/2003">
+  <PropertyGroup>
+    <OutputType>Exe</OutputType>
+    <AssemblyName>till</AssemblyName>
+    <TargetFrameworkVersion>v4.5</TargetFrameworkVersion>
+    <OutputPath>bin\</OutputPath>
+  </PropertyGroup>
+  <ItemGroup>
+    <Reference Include="mscorlib"><HintPath>/usr/lib/mono/4.5/mscorlib.dll</HintPath><Private>False</Private></Reference>
+    <Reference Include="Tolvex"><HintPath>..\package\lib\net45\Tolvex.dll</HintPath></Reference>
+    <Compile Include="till.cs" />
+  </ItemGroup>
+  <Import Project="$(MSBuildBinPath)\Microsoft.CSharp.targets" />
+  <Import Project="..\package\build\net45\Tolvex.targets" />
+</Project>
+END
+# built OPTION...: builds the project anew; its output is in log
+built() {
+  rm -rf project/bin project/obj
+  xbuild "$@" project/till.csproj >log 2>&1
+}
+built /p:PlatformTarget=x64 || fail "xbuild: $(cat log)"
+! grep TOLVEX00 log || fail "x64 is complained about"
+expect "$folder/project/bin/libtolvex_dll.so" project/bin/till.exe
+! built /p:PlatformTarget=x86 || fail "x86 is not refused"
+grep -q 'error TOLVEX001: tolvex is 64-bit only' log || fail "x86: $(cat log)"
+built /p:PlatformTarget=AnyCPU /p:Prefer32Bit=true || fail "xbuild: $(cat log)"
+grep -q 'warning TOLVEX002: tolvex is 64-bit only' log || fail "Prefer32Bit: $(cat log)"
+built /p:PlatformTarget=AnyCPU /p:Prefer32Bit=false || fail "xbuild: $(cat log)"
+! grep TOLVEX00 log || fail "AnyCPU is complained about"
 echo "the package serves in each place"

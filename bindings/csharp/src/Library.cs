@@ -43,16 +43,17 @@ namespace Tolvex
                 if (path.Length == 0) throw new ArgumentException("The path of the library is empty.", "path");
                 path = Path.GetFullPath(path);
             }
+            StringComparison comparison = NativeLoader.IsWindows ? StringComparison.OrdinalIgnoreCase : StringComparison.Ordinal;
             lock (gate)
             {
                 if (loaded == null)
                 {
                     loaded = Found(path);
                 }
-                else if (path != null && path != loaded)
+                else if (path != null && !string.Equals(path, loaded, comparison))
                 {
                     throw new InvalidOperationException("The library is loaded already, from " + loaded +
-                        "; it can not be exchanged for " + path + ". Call Library.Load before everything else.");
+                        "; it cannot be exchanged for " + path + ". Call Library.Load before everything else.");
                 }
             }
         }

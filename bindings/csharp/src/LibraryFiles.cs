@@ -57,7 +57,7 @@ namespace Tolvex
             }
             catch (Exception e) when (e is IOException || e is UnauthorizedAccessException)
             {
-                return "can not be read (" + e.Message + ")";
+                return "cannot be read (" + e.Message + ")";
             }
             string kind = Kind(head), needed = isWindows ? "64-bit Windows" : "64-bit Linux";
             if (kind == null) return "is no library, or damaged; needed is one for " + needed + " (x86-64)";

@@ -5,7 +5,7 @@ using System.Text;
 namespace Tolvex
 {
     /// <summary>
-    /// The native library can not be loaded. The message lists each file that was tried and what is wrong with it.
+    /// The native library cannot be loaded. The message lists each file that was tried and what is wrong with it.
     /// It is a DllNotFoundException, because that is what programs that call native libraries catch already, whatever
     /// was wrong with the one file or the other.
     /// </summary>
@@ -28,7 +28,7 @@ namespace Tolvex
         {
             string needed = NativeLoader.IsWindows ? "Windows" : "Linux";
             var text = new StringBuilder("The library ");
-            text.Append(LibraryFiles.Name(NativeLoader.IsWindows)).Append(" can not be loaded. This process is 64-bit and needs ");
+            text.Append(LibraryFiles.Name(NativeLoader.IsWindows)).Append(" cannot be loaded. This process is 64-bit and needs ");
             text.Append("the one for 64-bit ").Append(needed).Append(" (x86-64).");
             foreach (string line in tried) text.Append("\n  ").Append(line);
             text.Append("\nWhat to do: ");

@@ -10,7 +10,7 @@ namespace Tolvex
     {
         internal static readonly bool IsWindows = Path.DirectorySeparatorChar == '\\';
 
-        // Zero, and what the system says, if the file can not be loaded.
+        // Zero, and what the system says, if the file cannot be loaded.
         internal static IntPtr Open(string file, out string wrong)
         {
             try

@@ -134,7 +134,7 @@ namespace Tolvex
         {
             unknown = -1;
             IntPtr conversion = Open(charset);
-            if (conversion == Failed) throw new InvalidOperationException("iconv can not convert to " + charset + ".");
+            if (conversion == Failed) throw new InvalidOperationException("iconv cannot convert to " + charset + ".");
             var output = new Output(text.Length * 4 + 64);
             GCHandle pinned = GCHandle.Alloc(Encoding.Unicode.GetBytes(text), GCHandleType.Pinned);
             try

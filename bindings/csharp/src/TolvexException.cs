@@ -57,7 +57,7 @@ namespace Tolvex
         /// <summary>All of the code in one.</summary>
         public ResultInfo Info { get; private set; }
 
-        // A reply that came and can not be understood, although its result is success.
+        // A reply that came and cannot be understood, although its result is success.
         internal static TolvexException Unreadable(string operation, string detail)
         {
             return new TolvexException(operation, ResultInfo.Of((int)ResultCode.UnreadableReply), detail);

@@ -3,7 +3,7 @@ using System.Globalization;
 
 namespace Tolvex
 {
-    /// <summary>A text has a character that can not be sent.</summary>
+    /// <summary>A text has a character that cannot be sent.</summary>
     public class UnprintableTextException : ArgumentException
     {
         private const int ShownUnits = 60;

@@ -40,7 +40,7 @@ namespace Tolvex
             int size = WideCharToMultiByte(OfTheProcess, NoBestFit, text, text.Length, null, 0, replacement, out isReplaced);
             var bytes = new byte[size];
             int written = WideCharToMultiByte(OfTheProcess, NoBestFit, text, text.Length, bytes, size, replacement, out isReplaced);
-            if (size == 0 || written != size) throw new InvalidOperationException("Windows can not convert to " + Name + ".");
+            if (size == 0 || written != size) throw new InvalidOperationException("Windows cannot convert to " + Name + ".");
             if (isReplaced == 0 || replace) return bytes;
             unknown = FirstUnknown(text);
             return null;

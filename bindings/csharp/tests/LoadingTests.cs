@@ -13,7 +13,7 @@ namespace Tolvex.Tests
     [TestFixture]
     public class LoadingTests
     {
-        internal const string PrintLibrary = "--print-library";
+        internal const string PrintLibrary = "--print-library", PrintLoadedTwice = "--load-another";
         private const string Name = "libtolvex_dll.so", Below = "runtimes/linux-x64/native/";
 
         private string folder;
@@ -33,13 +33,21 @@ namespace Tolvex.Tests
 
         // ---- In a process of its own ----
 
-        internal static int PrintLoaded()
+        internal static int PrintLoaded(bool twice)
         {
             try
             {
                 Library.Load();
-                Console.WriteLine(Library.LoadedPath);
+                if (!twice) Console.WriteLine(Library.LoadedPath);
+                Library.Load();
+                Library.Load(Library.LoadedPath);
+                if (twice) Library.Load("/another/" + Name);
                 return 0;
+            }
+            catch (InvalidOperationException e)
+            {
+                Console.WriteLine(e.Message);
+                return 1;
             }
             catch (LibraryNotLoadedException e)
             {
@@ -49,11 +57,12 @@ namespace Tolvex.Tests
         }
 
         // This program below the folder, with the assembly where it is said to be.
-        private string Run(string variable, string program = "app", string assembly = "app")
+        private string Run(string variable, string program = "app", string assembly = "app",
+            string option = PrintLibrary)
         {
             Put(typeof(LoadingTests).Assembly.Location, program);
             Put(typeof(Library).Assembly.Location, assembly);
-            var start = new ProcessStartInfo("mono", Path.Combine(folder, program, "Tolvex.Tests.exe") + " " + PrintLibrary)
+            var start = new ProcessStartInfo("mono", Path.Combine(folder, program, "Tolvex.Tests.exe") + " " + option)
             {
                 UseShellExecute = false,
                 RedirectStandardOutput = true,
@@ -184,6 +193,17 @@ namespace Tolvex.Tests
             File.Copy("/lib/x86_64-linux-gnu/libm.so.6", other);
             string told = Assert.Throws<LibraryNotLoadedException>(() => Library.Load(other)).Message;
             StringAssert.Contains("lacks 121 functions, such as read_baseinfo", told);
+        }
+
+        [Test]
+        public void AnotherFileThanTheLoadedOneIsRefused()
+        {
+            // In a process of its own, because a library that is loaded stays.
+            string library = Put(Real, "app");
+            Assert.AreEqual(library, Run(null));
+            string told = Run(null, "app", "app", PrintLoadedTwice);
+            StringAssert.StartsWith("The library is loaded already, from " + library, told);
+            StringAssert.Contains("Call Library.Load before everything else.", told);
         }
 
         [Test]

@@ -3,7 +3,7 @@ using NUnit.Framework;
 
 namespace Tolvex.Tests
 {
-    /// <summary>With a library that can not queue a line, see native/short_of_memory.c.</summary>
+    /// <summary>With a library that cannot queue a line, see native/short_of_memory.c.</summary>
     [TestFixture]
     public class QueueTests : DeviceTests
     {

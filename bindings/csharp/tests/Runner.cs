@@ -14,9 +14,12 @@ namespace Tolvex.Tests
     {
         public static int Main(string[] arguments)
         {
-            if (arguments.Length == 1 && arguments[0] == LoadingTests.PrintLibrary) return LoadingTests.PrintLoaded();
-            Type[] classes = typeof(Runner).Assembly.GetTypes().Where(t => t.GetCustomAttributes(typeof(TestFixtureAttribute), false).Length > 0).ToArray();
-            Type found = arguments.Length == 1 ? classes.SingleOrDefault(t => t.Name == arguments[0]) : null;
+            string word = arguments.Length == 1 ? arguments[0] : "";
+            if (word == LoadingTests.PrintLibrary) return LoadingTests.PrintLoaded(false);
+            if (word == LoadingTests.PrintLoadedTwice) return LoadingTests.PrintLoaded(true);
+            Type[] classes = typeof(Runner).Assembly.GetTypes()
+                .Where(t => t.GetCustomAttributes(typeof(TestFixtureAttribute), false).Length > 0).ToArray();
+            Type found = classes.SingleOrDefault(t => t.Name == word);
             if (found == null)
             {
                 Console.Error.WriteLine("usage: Tolvex.Tests CLASS, where CLASS is " + string.Join(", ", classes.Select(t => t.Name)));
