@@ -4,7 +4,7 @@ set(csharp ${PROJECT_SOURCE_DIR}/bindings/csharp)
 if(WIN32)
   tolvex_binding_package(CSharp csharp 127.63.2.1)
   tolvex_binding_test(CSharpPackageInstallsAsAProjectHasIt
-    bash ${CMAKE_CURRENT_SOURCE_DIR}/csharp_package_test.sh ${PROJECT_SOURCE_DIR} ${TOLVEX_NATIVE_BUILD}
+    bash ${CMAKE_CURRENT_SOURCE_DIR}/csharp_package_test.sh ${TOLVEX_NATIVE_BUILD}
       ${CMAKE_BINARY_DIR}/tests/bindings/csharp-package 127.63.2.2)
   set_tests_properties(bindings.CSharpPackageInstallsAsAProjectHasIt PROPERTIES FIXTURES_REQUIRED CSharp_package)
   return()
@@ -53,8 +53,14 @@ function(tolvex_csharp_test name class)
   set(home ${made}/home/${class})
   file(MAKE_DIRECTORY ${home})
   tolvex_binding_test(CSharp${name} ${TOLVEX_MONO} --debug ${made}/Tolvex.Tests.exe ${class})
-  set_tests_properties(bindings.CSharp${name} PROPERTIES ENVIRONMENT
-    "TOLVEX_LIBRARY=$<TARGET_FILE:${csharp_library}>;ZELKAD_SIM=$<TARGET_FILE:zelkad-sim>;TOLVEX_TEST_ADDRESS=127.63.1.${csharp_number};TOLVEX_EXAMPLE=${made}/Checkout.exe;TOLVEX_FRAMEWORK_MEMBERS=${csharp}/tests/framework-members.txt;HOME=${home};XDG_STATE_HOME=${home};${locale}")
+  set(environment
+    TOLVEX_LIBRARY=$<TARGET_FILE:${csharp_library}>
+    ZELKAD_SIM=$<TARGET_FILE:zelkad-sim>
+    TOLVEX_TEST_ADDRESS=127.63.1.${csharp_number}
+    TOLVEX_EXAMPLE=${made}/Checkout.exe
+    TOLVEX_FRAMEWORK_MEMBERS=${csharp}/tests/framework-members.txt
+    HOME=${home} XDG_STATE_HOME=${home} ${locale})
+  set_tests_properties(bindings.CSharp${name} PROPERTIES ENVIRONMENT "${environment}")
 endfunction()
 
 tolvex_csharp_test(Weighing WeighingTests)

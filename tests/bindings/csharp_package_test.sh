@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # The package of the C# binding, laid out as build tools do, serves a program; and it says what it is.
-# usage: csharp_package_test.sh SOURCE BUILD PACKAGES ADDRESS
+# usage: csharp_package_test.sh BUILD PACKAGES ADDRESS
 set -euo pipefail
-source=$1 build=$2 packages=$3 address=$4
+build=$(cd "$1" && pwd) packages=$(cd "$2" && pwd) address=$3
 folder=$(mktemp -d)
 simulator=""
 trap '[ -z "$simulator" ] || kill "$simulator"; rm -rf "$folder"' EXIT
@@ -15,7 +15,7 @@ unzip -q "$package" -d "$folder/package"
 cd "$folder"
 
 # What NuGet reads.
-first=$(unzip -Z1 "$package" | head -n 1)
+first=$(unzip -Z1 "$package" | sed -n 1p)
 [ "$first" = "[Content_Types].xml" ] || fail "the package begins with $first"
 python3 - "$folder/package" "$package" <<'END'
 import pathlib, re, sys

@@ -99,6 +99,7 @@ namespace Tolvex.Tests
         public void RawTextsAreInTheCodePage()
         {
             CollectionAssert.AreEqual(new byte[] { 0xC4, 0 }, Exports.Ansi("Ä"));
+            CollectionAssert.AreEqual(new byte[] { 0 }, Exports.Ansi(""));
             Assert.AreEqual(20001, Exports.Ansi(new string('Ä', 20000)).Length);
         }
     }

@@ -123,11 +123,16 @@ namespace Tolvex.Tests
         public void WaitsUntilTheWeightIsStable()
         {
             Sim.Do("load 0.3", "unstable on");
-            using (var settles = new Timer(nothing => Sim.Do("unstable off"), null, 300, Timeout.Infinite))
+            var settles = new Thread(() =>
             {
-                Reading reading = scale.WaitStable(TimeSpan.FromSeconds(30), TimeSpan.FromMilliseconds(20));
-                Assert.IsTrue(reading.IsStable);
-            }
+                Weighed(3);
+                Sim.Do("unstable off");
+            });
+            settles.Start();
+            Reading reading = scale.WaitStable(TimeSpan.FromSeconds(60), TimeSpan.FromMilliseconds(20));
+            settles.Join();
+            Assert.IsTrue(reading.IsStable);
+            Assert.Greater(Weighed(4).Count, 3);
         }
 
         [Test]
