@@ -135,6 +135,17 @@ def _bodies(header: Header) -> List[str]:
     return lines
 
 
+def _calls(header: Header) -> List[str]:
+    """For the tests: each export is called once, with nothing in its arguments."""
+    nothing = {"Integer": "0", "Cardinal": "Cardinal(0)", "PAnsiChar": "nil"}
+    lines = []
+    for function in header.functions:
+        arguments = ", ".join(nothing[TYPES[p.type]] for p in function.parameters)
+        call = f"tolvex.{function.name}{f'({arguments})' if arguments else ''}"
+        lines.append(f"  Called('{function.name}', '{function.twin or ''}', {call});")
+    return lines
+
+
 def files(header: Header, folder: Path) -> Dict[str, str]:
     """The unit, with its generated parts anew."""
     text = (folder / UNIT).read_text(encoding="utf-8")
@@ -150,4 +161,4 @@ def files(header: Header, folder: Path) -> Dict[str, str]:
         start = text.index(begin) + len(begin)
         stop = text.index(end, start)
         text = text[:start] + NOTE + "\n" + "\n".join(lines) + "\n" + text[stop:]
-    return {UNIT: text}
+    return {UNIT: text, "tests/calls.inc": "\n".join([NOTE] + _calls(header)) + "\n"}

@@ -3174,13 +3174,20 @@ procedure TScaleThread.Deliver;
 begin
   if Terminated then
     Exit;
-  if FError = nil then
-  begin
-    if Assigned(FOnReading) then
-      FOnReading(Self, FReading);
-  end
-  else if Assigned(FOnError) then
-    FOnError(Self, FError);
+  try
+    if FError = nil then
+    begin
+      if Assigned(FOnReading) then
+        FOnReading(Self, FReading);
+    end
+    else if Assigned(FOnError) then
+      FOnError(Self, FError);
+  except
+    // What an event raises is shown by the application, and does not end the thread.
+    if not Assigned(ApplicationHandleException) then
+      raise;
+    ApplicationHandleException(Self);
+  end;
 end;
 
 procedure TScaleThread.Execute;

@@ -1,0 +1,216 @@
+// A simulator of the service for tests, started as a program of its own and operated by typing.
+unit simulator;
+
+{$MODE OBJFPC}{$H+}
+
+interface
+
+uses
+  Classes, SysUtils, Process;
+
+type
+  // What was wrong with the simulator, not with what is tested.
+  ESimulator = class(Exception)
+  end;
+
+  TSimulator = class
+  private
+    FProcess: TProcess;
+    FFolder, FRecording: string;
+    FRest: string;
+    function ReadLine(const AWaitingFor: string): string;
+    procedure WriteLine(const ALine: string);
+  public
+    // Starts it at the address of the environment variable TOLVEX_TEST_ADDRESS, and waits until it is ready.
+    constructor Create;
+    destructor Destroy; override;
+    // A line of the console; the lines of its answer without the "ok". Raises if it is refused.
+    function Type_(const ALine: string): string;
+    // Ends it at once, as a service that crashes.
+    procedure Kill;
+    // The requests that it got since it was started, oldest first, as they came over the wire. With a command,
+    // only those.
+    function Requests(const ACommand: string = ''): TStringList;
+    // The one request with this command; raises if there is none, or more than one.
+    function Request(const ACommand: string): string;
+  end;
+
+// Of the environment; raises if it is not set.
+function Needed(const AVariable: string): string;
+// A folder for the files of this process.
+function ScratchFolder: string;
+
+implementation
+
+const
+  LongestWait = 30000; // milliseconds
+
+function Needed(const AVariable: string): string;
+begin
+  Result := GetEnvironmentVariable(AVariable);
+  if Result = '' then
+    raise ESimulator.Create('the environment variable ' + AVariable + ' is not set');
+end;
+
+function ScratchFolder: string;
+begin
+  Result := IncludeTrailingPathDelimiter(Needed('TOLVEX_TEST_FOLDER'));
+  ForceDirectories(Result);
+end;
+
+constructor TSimulator.Create;
+begin
+  FFolder := ScratchFolder;
+  FRecording := FFolder + 'recording.jsonl';
+  DeleteFile(FRecording);
+  FProcess := TProcess.Create(nil);
+  FProcess.Executable := Needed('ZELKAD_SIM');
+  FProcess.Parameters.Add('--address');
+  FProcess.Parameters.Add(Needed('TOLVEX_TEST_ADDRESS'));
+  FProcess.Parameters.Add('--no-web');
+  FProcess.Parameters.Add('--quiet');
+  FProcess.Parameters.Add('--console');
+  FProcess.Parameters.Add('--settling');
+  FProcess.Parameters.Add('0');
+  FProcess.Parameters.Add('--record');
+  FProcess.Parameters.Add(FRecording);
+  FProcess.Options := [poUsePipes, poStderrToOutPut];
+  FProcess.Execute;
+  while ReadLine('the simulator to be ready') <> 'zelkad-sim: ready' do ;
+end;
+
+destructor TSimulator.Destroy;
+begin
+  if FProcess <> nil then
+    Kill;
+  FProcess.Free;
+  inherited Destroy;
+end;
+
+procedure TSimulator.Kill;
+begin
+  if FProcess.Running then
+    FProcess.Terminate(9);
+  FProcess.WaitOnExit;
+end;
+
+function TSimulator.ReadLine(const AWaitingFor: string): string;
+var
+  Start: QWord;
+  Buffer: array[0..4095] of Char;
+  Count, Position: Integer;
+begin
+  Start := GetTickCount64;
+  repeat
+    Position := Pos(#10, FRest);
+    if Position > 0 then
+    begin
+      Result := TrimRight(Copy(FRest, 1, Position - 1));
+      Delete(FRest, 1, Position);
+      Exit;
+    end;
+    Count := FProcess.Output.NumBytesAvailable;
+    if Count > 0 then
+    begin
+      if Count > SizeOf(Buffer) then
+        Count := SizeOf(Buffer);
+      Count := FProcess.Output.Read(Buffer, Count);
+      SetLength(Result, Count);
+      Move(Buffer, PChar(Result)^, Count);
+      FRest := FRest + Result;
+    end
+    else if not FProcess.Running then
+      raise ESimulator.Create('the simulator ended while the test waited for ' + AWaitingFor + '; it said: ' + FRest)
+    else if GetTickCount64 - Start > LongestWait then
+      raise ESimulator.Create('waited in vain for ' + AWaitingFor)
+    else
+      Sleep(1);
+  until False;
+end;
+
+procedure TSimulator.WriteLine(const ALine: string);
+var
+  Line: string;
+begin
+  Line := ALine + #10;
+  FProcess.Input.WriteBuffer(PChar(Line)^, Length(Line));
+end;
+
+function TSimulator.Type_(const ALine: string): string;
+var
+  First: string;
+  More, Comma, I: Integer;
+begin
+  WriteLine(ALine);
+  repeat
+    First := ReadLine('the answer to "' + ALine + '"');
+    if Pos('error:', First) = 1 then
+      raise ESimulator.Create('"' + ALine + '": ' + First);
+  until Pos('ok', First) = 1; // announcements of jobs may come between
+  Result := '';
+  Comma := LastDelimiter(',', First);
+  More := 0;
+  if (Comma > 0) and (Pos(' line', First) > Comma) then
+    More := StrToIntDef(Trim(Copy(First, Comma + 1, Pos(' line', First) - Comma - 1)), 0);
+  if More = 0 then
+    Result := Copy(First, 4, MaxInt);
+  for I := 1 to More do
+    Result := Result + ReadLine('the answer to "' + ALine + '"') + #10;
+end;
+
+function Unescaped(const AText: string): string;
+begin
+  Result := StringReplace(AText, '\"', '"', [rfReplaceAll]);
+  Result := StringReplace(Result, '\\', '\', [rfReplaceAll]);
+end;
+
+function TSimulator.Requests(const ACommand: string): TStringList;
+const
+  Begins = '"request":"';
+  Ends = '","';
+var
+  Lines: TStringList;
+  Stream: TFileStream;
+  I, Start, Stop: Integer;
+  Found: string;
+begin
+  Result := TStringList.Create;
+  Lines := TStringList.Create;
+  Stream := TFileStream.Create(FRecording, fmOpenRead or fmShareDenyNone);
+  try
+    Lines.LoadFromStream(Stream);
+    for I := 0 to Lines.Count - 1 do
+    begin
+      Start := Pos(Begins, Lines[I]);
+      if Start = 0 then
+        Continue;
+      Start := Start + Length(Begins);
+      Stop := Pos(Ends, Lines[I], Start);
+      // A quote of the request itself stands behind a backslash.
+      while (Stop > 0) and (Lines[I][Stop - 1] = '\') do
+        Stop := Pos(Ends, Lines[I], Stop + 1);
+      Found := Unescaped(Copy(Lines[I], Start, Stop - Start));
+      if (ACommand = '') or (Pos('{"cmd":"' + ACommand + '"', Found) = 1) then
+        Result.Add(Found);
+    end;
+  finally
+    Stream.Free;
+    Lines.Free;
+  end;
+end;
+
+function TSimulator.Request(const ACommand: string): string;
+var
+  Found: TStringList;
+begin
+  Found := Requests(ACommand);
+  try
+    if Found.Count <> 1 then
+      raise ESimulator.CreateFmt('%d requests %s instead of one', [Found.Count, ACommand]);
+    Result := Found[0];
+  finally
+    Found.Free;
+  end;
+end;
+
+end.
