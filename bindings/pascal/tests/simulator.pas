@@ -54,7 +54,7 @@ end;
 
 function ScratchFolder: string;
 begin
-  Result := IncludeTrailingPathDelimiter(Needed('TOLVEX_TEST_FOLDER'));
+  Result := IncludeTrailingPathDelimiter(ExpandFileName(Needed('TOLVEX_TEST_FOLDER')));
   ForceDirectories(Result);
 end;
 
