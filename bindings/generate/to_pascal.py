@@ -130,8 +130,8 @@ def _bodies(header: Header) -> List[str]:
         lines.append(_folded(f"  {name} = function{f'({inside})' if inside else ''}: Integer; cdecl;"))
     for index, function in enumerate(header.functions):
         arguments = ", ".join(_parameter(p) for p in function.parameters)
-        lines += ["", _folded(_head(function, function.name.lower() in collisions)), "begin"]
-        lines += [f"  Result := {_shape(function)}(Entry({index}))({arguments});", "end;"]
+        lines += ["", _folded(_head(function, function.name.lower() in collisions)), "var", "  Call: TCall;", "begin"]
+        lines += [f"  Call := Begun({index});", f"  Result := {_shape(function)}(Call.Entry)({arguments});", "  Ended(Call);", "end;"]
     return lines
 
 

@@ -34,9 +34,9 @@ interface
 uses
 {$IFDEF FPC}
   {$IFDEF TOLVEX_WINDOWS} Windows, {$ELSE} BaseUnix, dl, {$ENDIF}
-  SysUtils, Classes, SyncObjs;
+  SysUtils, Classes, SyncObjs, Math;
 {$ELSE}
-  Winapi.Windows, System.SysUtils, System.Classes, System.SyncObjs;
+  Winapi.Windows, System.SysUtils, System.Classes, System.SyncObjs, System.Math;
 {$ENDIF}
 
 // ---- The library's constants and records ----
@@ -118,11 +118,12 @@ type
   private
     FCode: Integer;
     FName, FText, FMeaning, FRemedy, FOperation, FReply: UnicodeString;
+    procedure Fill(const AOperation, AHead, AMeaning, ARemedy: UnicodeString);
   public
     // From a code, as functions of the library return it, or from the last error behind a verdict.
     constructor CreateOf(const AOperation: UnicodeString; ACode: Integer; const AReply: UnicodeString = '');
-    // A failure that has no code: the last error was 0 when it was read.
-    constructor CreateWithoutCode(const AOperation: UnicodeString);
+    // A failure that has no code.
+    constructor CreateWithoutCode(const AOperation, AMeaning, ARemedy: UnicodeString);
     // A reply that came, and holds something else than it has to.
     constructor CreateUnreadable(const AOperation, AWhat: UnicodeString);
     // The result code, TOLVEX_RESULT_..., or TOLVEX_UNREADABLE_REPLY; 0 if none is known.
@@ -1436,11 +1437,20 @@ begin
   ARow.Remedy := 'Look into the library''s log and the service''s own log.';
 end;
 
+procedure ETolvexError.Fill(const AOperation, AHead, AMeaning, ARemedy: UnicodeString);
+begin
+  FOperation := AOperation;
+  FMeaning := AMeaning;
+  FRemedy := ARemedy;
+  Message := MessageOf(AOperation + ': ' + AHead + '. ' + AMeaning + ' What to do: ' + ARemedy);
+end;
+
 constructor ETolvexError.CreateOf(const AOperation: UnicodeString; ACode: Integer; const AReply: UnicodeString);
 var
   Row: TResultRow;
   Head: UnicodeString;
 begin
+  inherited Create('');
   if RowOf(ACode, Row) then
     Head := Num(ACode) + ' ' + Row.Name + ' (' + Row.Text + ')'
   else
@@ -1448,29 +1458,22 @@ begin
   FCode := ACode;
   FName := Row.Name;
   FText := Row.Text;
-  FMeaning := Row.Meaning;
-  FRemedy := Row.Remedy;
-  FOperation := AOperation;
   FReply := AReply;
-  inherited Create(MessageOf(AOperation + ': ' + Head + '. ' + FMeaning + ' What to do: ' + FRemedy));
+  Fill(AOperation, Head, Row.Meaning, Row.Remedy);
 end;
 
-constructor ETolvexError.CreateWithoutCode(const AOperation: UnicodeString);
+constructor ETolvexError.CreateWithoutCode(const AOperation, AMeaning, ARemedy: UnicodeString);
 begin
+  inherited Create('');
   FName := 'NoCode';
   FText := 'no code';
-  FMeaning := 'Another call ended at the same time, or an argument was refused.';
-  FRemedy := 'Look into the library''s log, which has the reason.';
-  FOperation := AOperation;
-  inherited Create(MessageOf(AOperation + ': no code. ' + FMeaning + ' What to do: ' + FRemedy));
+  Fill(AOperation, FText, AMeaning, ARemedy);
 end;
 
 constructor ETolvexError.CreateUnreadable(const AOperation, AWhat: UnicodeString);
 begin
   CreateOf(AOperation, TOLVEX_UNREADABLE_REPLY);
-  FMeaning := AWhat;
-  Message := MessageOf(AOperation + ': ' + Num(FCode) + ' ' + FName + ' (' + FText + '). ' + FMeaning +
-    ' What to do: ' + FRemedy);
+  Fill(AOperation, Num(FCode) + ' ' + FName + ' (' + FText + ')', AWhat, FRemedy);
 end;
 
 constructor EUnencodableText.CreateAt(ACharacter: Cardinal; APosition: Integer; const ACodePage: UnicodeString);
@@ -1510,7 +1513,9 @@ begin
     raise ETolvexError.CreateOf(AOperation, AVerdict);
   Code := getLastErrCode;
   if Code = TOLVEX_RESULT_OK then
-    raise ETolvexError.CreateWithoutCode(AOperation);
+    raise ETolvexError.CreateWithoutCode(AOperation,
+      'Another call ended at the same time, or an argument was refused.',
+      'Look into the library''s log, which has the reason.');
   raise ETolvexError.CreateOf(AOperation, Code);
 end;
 
@@ -1732,11 +1737,33 @@ begin
   end;
 end;
 
+// Pascal has floating point exceptions switched on, in which code in C does not expect any: they would end a function
+// of the library in its middle. So they are off during each call.
+type
+  TFloatMask = {$IFDEF FPC}TFPUExceptionMask{$ELSE}TArithmeticExceptionMask{$ENDIF};
+
+  TCall = record
+    Entry: Pointer;
+    Mask: TFloatMask;
+  end;
+
+function FloatExceptionsOff: TFloatMask;
+begin
+  Result := SetExceptionMask([exInvalidOp, exDenormalized, exZeroDivide, exOverflow, exUnderflow, exPrecision]);
+end;
+
+procedure FloatExceptionsAsBefore(const AMask: TFloatMask);
+begin
+  ClearExceptions(False);
+  SetExceptionMask(AMask);
+end;
+
 // Tries one file; tells what was wrong with it. A name without a folder is the system's to find.
 function LoadFile(const APath: UnicodeString; out AProblem: UnicodeString): Boolean;
 var
   Own: Boolean;
   SystemOfIt: UnicodeString;
+  Mask: TFloatMask;
 begin
   Result := False;
   Own := (Pos('/', APath) > 0) or (Pos('\', APath) > 0);
@@ -1755,7 +1782,9 @@ begin
     if AProblem <> '' then
       Exit;
   end;
+  Mask := FloatExceptionsOff; // as code that runs when a library is loaded may change it
   Handle := TryToLoad(APath, AProblem);
+  FloatExceptionsAsBefore(Mask);
   if Handle = nil then
   begin
     if AProblem = '' then
@@ -1867,11 +1896,17 @@ begin
   Entries[AIndex] := Result;
 end;
 
-function Entry(AIndex: Integer): Pointer;
+function Begun(AIndex: Integer): TCall;
 begin
-  Result := Entries[AIndex];
-  if Result = nil then
-    Result := Resolved(AIndex);
+  Result.Entry := Entries[AIndex];
+  if Result.Entry = nil then
+    Result.Entry := Resolved(AIndex);
+  Result.Mask := FloatExceptionsOff;
+end;
+
+procedure Ended(const ACall: TCall);
+begin
+  FloatExceptionsAsBefore(ACall.Mask);
 end;
 
 // ---- Code pages ----
@@ -2939,7 +2974,8 @@ var
   I, Verdict: Integer;
 begin
   if QueueIsSpoiled then
-    raise ETolvexError.CreateWithoutCode('PrintText of an earlier receipt, whose first lines are still queued; restart the program');
+    raise ETolvexError.CreateWithoutCode('PrintText', 'An earlier receipt could not be queued to its end; its first ' +
+      'lines are still in the library and would come out with this one.', 'Restart the program.');
   for I := 0 to High(ABytes) do
   begin
     case FParts[I].Kind of
@@ -2952,7 +2988,8 @@ begin
     begin
       QueueIsSpoiled := I > 0;
       if Verdict = TOLVEX_FAILED then // which leaves no code behind
-        raise ETolvexError.CreateWithoutCode('PrintText');
+        raise ETolvexError.CreateWithoutCode('PrintText', 'A line could not be queued; memory may have run out.',
+          'Look into the library''s log, and restart the program.');
       raise ETolvexError.CreateOf('PrintText', Verdict);
     end;
   end;
@@ -3082,9 +3119,11 @@ begin
             begin
               Digit := 0;
               if APosition <= Length(AText) then
-                Digit := Pos(UpCase(AnsiChar(Ord(AText[APosition]) and $7F)), '0123456789ABCDEF') - 1;
-              if Digit < 0 then
-                Digit := 0;
+                case AText[APosition] of
+                  '0'..'9': Digit := Ord(AText[APosition]) - Ord('0');
+                  'A'..'F': Digit := Ord(AText[APosition]) - Ord('A') + 10;
+                  'a'..'f': Digit := Ord(AText[APosition]) - Ord('a') + 10;
+                end;
               Number := Number * 16 + Digit;
               Inc(APosition);
             end;
@@ -3353,612 +3392,1096 @@ type
   TRawUU = function(A0: Cardinal; A1: Cardinal): Integer; cdecl;
 
 function read_baseinfo(ARecord: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(0))(ARecord);
+  Call := Begun(0);
+  Result := TRawP(Call.Entry)(ARecord);
+  Ended(Call);
 end;
 
 function read_baseinfo_stdcall(ARecord: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(1))(ARecord);
+  Call := Begun(1);
+  Result := TRawP(Call.Entry)(ARecord);
+  Ended(Call);
 end;
 
 function read_standard(ARecord: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(2))(ARecord);
+  Call := Begun(2);
+  Result := TRawP(Call.Entry)(ARecord);
+  Ended(Call);
 end;
 
 function read_standard_stdcall(ARecord: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(3))(ARecord);
+  Call := Begun(3);
+  Result := TRawP(Call.Entry)(ARecord);
+  Ended(Call);
 end;
 
 function send_zero: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(4))();
+  Call := Begun(4);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function send_zero_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(5))();
+  Call := Begun(5);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function set_tare_bykey(AReply: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(6))(AReply);
+  Call := Begun(6);
+  Result := TRawP(Call.Entry)(AReply);
+  Ended(Call);
 end;
 
 function set_tare_bykey_stdcall(AReply: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(7))(AReply);
+  Call := Begun(7);
+  Result := TRawP(Call.Entry)(AReply);
+  Ended(Call);
 end;
 
 function send_tare(AReply: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(8))(AReply);
+  Call := Begun(8);
+  Result := TRawP(Call.Entry)(AReply);
+  Ended(Call);
 end;
 
 function send_tare_stdcall(AReply: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(9))(AReply);
+  Call := Begun(9);
+  Result := TRawP(Call.Entry)(AReply);
+  Ended(Call);
 end;
 
 function send_pre_tare(AText: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(10))(AText);
+  Call := Begun(10);
+  Result := TRawP(Call.Entry)(AText);
+  Ended(Call);
 end;
 
 function send_pre_tare_stdcall(AText: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(11))(AText);
+  Call := Begun(11);
+  Result := TRawP(Call.Entry)(AText);
+  Ended(Call);
 end;
 
 function clear_tare(AReply: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(12))(AReply);
+  Call := Begun(12);
+  Result := TRawP(Call.Entry)(AReply);
+  Ended(Call);
 end;
 
 function clear_tare_stdcall(AReply: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(13))(AReply);
+  Call := Begun(13);
+  Result := TRawP(Call.Entry)(AReply);
+  Ended(Call);
 end;
 
 function getLCVersion(ABuffer: PAnsiChar; ASize: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPU(Entry(14))(ABuffer, ASize);
+  Call := Begun(14);
+  Result := TRawPU(Call.Entry)(ABuffer, ASize);
+  Ended(Call);
 end;
 
 function setOverloadAlarm(AEnable: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(15))(AEnable);
+  Call := Begun(15);
+  Result := TRawU(Call.Entry)(AEnable);
+  Ended(Call);
 end;
 
 function setHighResWeightMode(AOn: Integer): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawI(Entry(16))(AOn);
+  Call := Begun(16);
+  Result := TRawI(Call.Entry)(AOn);
+  Ended(Call);
 end;
 
 function getHighResWeightMode: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(17))();
+  Call := Begun(17);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function sendRawCmdToLC(ACommand: PAnsiChar; AParameters: PAnsiChar; AReply: PAnsiChar; ASize:
   Cardinal; AWait: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPPPUU(Entry(18))(ACommand, AParameters, AReply, ASize, AWait);
+  Call := Begun(18);
+  Result := TRawPPPUU(Call.Entry)(ACommand, AParameters, AReply, ASize, AWait);
+  Ended(Call);
 end;
 
 function PrintText(AText: PAnsiChar; AFontSize: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPU(Entry(19))(AText, AFontSize);
+  Call := Begun(19);
+  Result := TRawPU(Call.Entry)(AText, AFontSize);
+  Ended(Call);
 end;
 
 function PrintText_stdcall(AText: PAnsiChar; AFontSize: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPU(Entry(20))(AText, AFontSize);
+  Call := Begun(20);
+  Result := TRawPU(Call.Entry)(AText, AFontSize);
+  Ended(Call);
 end;
 
 function PrintTextByPaperWidth(AText: PAnsiChar; AFontSize: Cardinal; AWidth: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPUU(Entry(21))(AText, AFontSize, AWidth);
+  Call := Begun(21);
+  Result := TRawPUU(Call.Entry)(AText, AFontSize, AWidth);
+  Ended(Call);
 end;
 
 function PrintTextByPaperWidth_stdcall(AText: PAnsiChar; AFontSize: Cardinal; AWidth: Cardinal):
   Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPUU(Entry(22))(AText, AFontSize, AWidth);
+  Call := Begun(22);
+  Result := TRawPUU(Call.Entry)(AText, AFontSize, AWidth);
+  Ended(Call);
 end;
 
 function PrintBitmapFile(APath: PAnsiChar; AAngle: Integer): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPI(Entry(23))(APath, AAngle);
+  Call := Begun(23);
+  Result := TRawPI(Call.Entry)(APath, AAngle);
+  Ended(Call);
 end;
 
 function PrintBitmapFile_stdcall(APath: PAnsiChar; AAngle: Integer): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPI(Entry(24))(APath, AAngle);
+  Call := Begun(24);
+  Result := TRawPI(Call.Entry)(APath, AAngle);
+  Ended(Call);
 end;
 
 function PrintBitmapFileWithAlign(APath: PAnsiChar; AAngle: Cardinal; AAlign: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPUU(Entry(25))(APath, AAngle, AAlign);
+  Call := Begun(25);
+  Result := TRawPUU(Call.Entry)(APath, AAngle, AAlign);
+  Ended(Call);
 end;
 
 function BeginPrint(AJobType: Integer): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawI(Entry(26))(AJobType);
+  Call := Begun(26);
+  Result := TRawI(Call.Entry)(AJobType);
+  Ended(Call);
 end;
 
 function BeginPrint_stdcall(AJobType: Integer): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawI(Entry(27))(AJobType);
+  Call := Begun(27);
+  Result := TRawI(Call.Entry)(AJobType);
+  Ended(Call);
 end;
 
 function printTextById(AText: PAnsiChar; AFontSize: Cardinal; APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPUU(Entry(28))(AText, AFontSize, APrinterType);
+  Call := Begun(28);
+  Result := TRawPUU(Call.Entry)(AText, AFontSize, APrinterType);
+  Ended(Call);
 end;
 
 function printTextByPaperWidthById(AText: PAnsiChar; AFontSize: Cardinal; AWidth: Cardinal;
   APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPUUU(Entry(29))(AText, AFontSize, AWidth, APrinterType);
+  Call := Begun(29);
+  Result := TRawPUUU(Call.Entry)(AText, AFontSize, AWidth, APrinterType);
+  Ended(Call);
 end;
 
 function printBitmapFileById(APath: PAnsiChar; AAngle: Cardinal; APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPUU(Entry(30))(APath, AAngle, APrinterType);
+  Call := Begun(30);
+  Result := TRawPUU(Call.Entry)(APath, AAngle, APrinterType);
+  Ended(Call);
 end;
 
 function sendRawCmdToPrt(APrinterName: PAnsiChar; ACommand: PAnsiChar; ANumber: Integer;
   AParameters: PAnsiChar; AReply: PAnsiChar; ASize: Cardinal; AWait: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPPIPPUU(Entry(31))(APrinterName, ACommand, ANumber, AParameters, AReply, ASize, AWait);
+  Call := Begun(31);
+  Result := TRawPPIPPUU(Call.Entry)(APrinterName, ACommand, ANumber, AParameters, AReply, ASize, AWait);
+  Ended(Call);
 end;
 
 function printBlanks(ADistance: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(32))(ADistance);
+  Call := Begun(32);
+  Result := TRawU(Call.Entry)(ADistance);
+  Ended(Call);
 end;
 
 function printBlanks_stdcall(ADistance: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(33))(ADistance);
+  Call := Begun(33);
+  Result := TRawU(Call.Entry)(ADistance);
+  Ended(Call);
 end;
 
 function feedPaper: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(34))();
+  Call := Begun(34);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function feedPaper_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(35))();
+  Call := Begun(35);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function feedPaperById(APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(36))(APrinterType);
+  Call := Begun(36);
+  Result := TRawU(Call.Entry)(APrinterType);
+  Ended(Call);
 end;
 
 function cutPaper: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(37))();
+  Call := Begun(37);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function cutPaper_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(38))();
+  Call := Begun(38);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function cutPaperById(APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(39))(APrinterType);
+  Call := Begun(39);
+  Result := TRawU(Call.Entry)(APrinterType);
+  Ended(Call);
 end;
 
 function calibrateLabel(APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(40))(APrinterType);
+  Call := Begun(40);
+  Result := TRawU(Call.Entry)(APrinterType);
+  Ended(Call);
 end;
 
 function testPaper(APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(41))(APrinterType);
+  Call := Begun(41);
+  Result := TRawU(Call.Entry)(APrinterType);
+  Ended(Call);
 end;
 
 function setDefaultPaperWidth(AWidth: Cardinal; APrinterType: Cardinal): Integer; overload;
+var
+  Call: TCall;
 begin
-  Result := TRawUU(Entry(42))(AWidth, APrinterType);
+  Call := Begun(42);
+  Result := TRawUU(Call.Entry)(AWidth, APrinterType);
+  Ended(Call);
 end;
 
 function SetDefaultPaperWidth(AWidth: Cardinal): Integer; overload;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(43))(AWidth);
+  Call := Begun(43);
+  Result := TRawU(Call.Entry)(AWidth);
+  Ended(Call);
 end;
 
 function SetDefaultPaperWidth_stdcall(AWidth: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(44))(AWidth);
+  Call := Begun(44);
+  Result := TRawU(Call.Entry)(AWidth);
+  Ended(Call);
 end;
 
 function setGapType(AGapType: Cardinal; APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawUU(Entry(45))(AGapType, APrinterType);
+  Call := Begun(45);
+  Result := TRawUU(Call.Entry)(AGapType, APrinterType);
+  Ended(Call);
 end;
 
 function setPrinterDirection(ADirection: Cardinal; APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawUU(Entry(46))(ADirection, APrinterType);
+  Call := Begun(46);
+  Result := TRawUU(Call.Entry)(ADirection, APrinterType);
+  Ended(Call);
 end;
 
 function setTextWrapMode(AWrapMode: Cardinal; APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawUU(Entry(47))(AWrapMode, APrinterType);
+  Call := Begun(47);
+  Result := TRawUU(Call.Entry)(AWrapMode, APrinterType);
+  Ended(Call);
 end;
 
 function setLeftMargin(ALeftMargin: Cardinal; APrinterName: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawUP(Entry(48))(ALeftMargin, APrinterName);
+  Call := Begun(48);
+  Result := TRawUP(Call.Entry)(ALeftMargin, APrinterName);
+  Ended(Call);
 end;
 
 function setRightMargin(ARightMargin: Cardinal; APrinterName: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawUP(Entry(49))(ARightMargin, APrinterName);
+  Call := Begun(49);
+  Result := TRawUP(Call.Entry)(ARightMargin, APrinterName);
+  Ended(Call);
 end;
 
 function setPaperOffset(AOffset: Cardinal; APrinterName: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawUP(Entry(50))(AOffset, APrinterName);
+  Call := Begun(50);
+  Result := TRawUP(Call.Entry)(AOffset, APrinterName);
+  Ended(Call);
 end;
 
 function setPrintContrast(AContrast: Cardinal; APrinterName: PAnsiChar): Integer; overload;
+var
+  Call: TCall;
 begin
-  Result := TRawUP(Entry(51))(AContrast, APrinterName);
+  Call := Begun(51);
+  Result := TRawUP(Call.Entry)(AContrast, APrinterName);
+  Ended(Call);
 end;
 
 function setPrintSpeed(ASpeed: Cardinal; APrinterName: PAnsiChar): Integer; overload;
+var
+  Call: TCall;
 begin
-  Result := TRawUP(Entry(52))(ASpeed, APrinterName);
+  Call := Begun(52);
+  Result := TRawUP(Call.Entry)(ASpeed, APrinterName);
+  Ended(Call);
 end;
 
 function setPrtAutoPrint(AEnable: Cardinal; APrinterName: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawUP(Entry(53))(AEnable, APrinterName);
+  Call := Begun(53);
+  Result := TRawUP(Call.Entry)(AEnable, APrinterName);
+  Ended(Call);
 end;
 
 function setRollback(AEnable: Cardinal; APrinterName: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawUP(Entry(54))(AEnable, APrinterName);
+  Call := Begun(54);
+  Result := TRawUP(Call.Entry)(AEnable, APrinterName);
+  Ended(Call);
 end;
 
 function setTakeupPaperSensor(AEnable: Integer; APrinterName: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawIP(Entry(55))(AEnable, APrinterName);
+  Call := Begun(55);
+  Result := TRawIP(Call.Entry)(AEnable, APrinterName);
+  Ended(Call);
 end;
 
 function GetPrinterList(ABuffer: PAnsiChar; ASize: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPU(Entry(56))(ABuffer, ASize);
+  Call := Begun(56);
+  Result := TRawPU(Call.Entry)(ABuffer, ASize);
+  Ended(Call);
 end;
 
 function GetPrinterList_stdcall(ABuffer: PAnsiChar; ASize: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPU(Entry(57))(ABuffer, ASize);
+  Call := Begun(57);
+  Result := TRawPU(Call.Entry)(ABuffer, ASize);
+  Ended(Call);
 end;
 
 function GetPrinterStatus(APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(58))(APrinterType);
+  Call := Begun(58);
+  Result := TRawU(Call.Entry)(APrinterType);
+  Ended(Call);
 end;
 
 function GetPrinterStatus_stdcall(APrinterType: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawU(Entry(59))(APrinterType);
+  Call := Begun(59);
+  Result := TRawU(Call.Entry)(APrinterType);
+  Ended(Call);
 end;
 
 function getPrinterVersion(ABuffer: PAnsiChar; ASize: Cardinal; APrinterName: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPUP(Entry(60))(ABuffer, ASize, APrinterName);
+  Call := Begun(60);
+  Result := TRawPUP(Call.Entry)(ABuffer, ASize, APrinterName);
+  Ended(Call);
 end;
 
 function OpenCashDrawerEx: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(61))();
+  Call := Begun(61);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function OpenCashDrawerEx_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(62))();
+  Call := Begun(62);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function checkConnection: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(63))();
+  Call := Begun(63);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function getLastErrCode: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(64))();
+  Call := Begun(64);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function getLogLevel(AModule: PAnsiChar; ABuffer: PAnsiChar; ASize: Cardinal): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPPU(Entry(65))(AModule, ABuffer, ASize);
+  Call := Begun(65);
+  Result := TRawPPU(Call.Entry)(AModule, ABuffer, ASize);
+  Ended(Call);
 end;
 
 function setLogLevel(AModule: PAnsiChar; ALevel: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawPP(Entry(66))(AModule, ALevel);
+  Call := Begun(66);
+  Result := TRawPP(Call.Entry)(AModule, ALevel);
+  Ended(Call);
 end;
 
 function SetServerIpForRemoteAccess(AIp: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(67))(AIp);
+  Call := Begun(67);
+  Result := TRawP(Call.Entry)(AIp);
+  Ended(Call);
 end;
 
 function SetServerIpForRemoteAccess_stdcall(AIp: PAnsiChar): Integer;
+var
+  Call: TCall;
 begin
-  Result := TRawP(Entry(68))(AIp);
+  Call := Begun(68);
+  Result := TRawP(Call.Entry)(AIp);
+  Ended(Call);
 end;
 
 function ClosePrinterEx: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(69))();
+  Call := Begun(69);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function ClosePrinterEx_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(70))();
+  Call := Begun(70);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function DisplayUpdate: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(71))();
+  Call := Begun(71);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function DisplayUpdate_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(72))();
+  Call := Begun(72);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function OpenDisplay: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(73))();
+  Call := Begun(73);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function OpenDisplay_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(74))();
+  Call := Begun(74);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function OpenPrinter: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(75))();
+  Call := Begun(75);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function OpenPrinter_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(76))();
+  Call := Begun(76);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetDataRows: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(77))();
+  Call := Begun(77);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetDataRows_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(78))();
+  Call := Begun(78);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetHeaderReserveRows: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(79))();
+  Call := Begun(79);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetHeaderReserveRows_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(80))();
+  Call := Begun(80);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetInvoiceParameter: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(81))();
+  Call := Begun(81);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetInvoiceParameter_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(82))();
+  Call := Begun(82);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetPrintContrast: Integer; overload;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(83))();
+  Call := Begun(83);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetPrintContrast_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(84))();
+  Call := Begun(84);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetPrintOffset: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(85))();
+  Call := Begun(85);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetPrintOffset_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(86))();
+  Call := Begun(86);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetPrintSpeed: Integer; overload;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(87))();
+  Call := Begun(87);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetPrintSpeed_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(88))();
+  Call := Begun(88);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetRealPrintHeaderWidth: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(89))();
+  Call := Begun(89);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetRealPrintHeaderWidth_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(90))();
+  Call := Begun(90);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetScaleType: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(91))();
+  Call := Begun(91);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetScaleType_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(92))();
+  Call := Begun(92);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetTakeLabelSensor: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(93))();
+  Call := Begun(93);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetTakeLabelSensor_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(94))();
+  Call := Begun(94);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetTakeupMotorDirection: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(95))();
+  Call := Begun(95);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetTakeupMotorDirection_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(96))();
+  Call := Begun(96);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetUSBPrinterDirection: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(97))();
+  Call := Begun(97);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetUSBPrinterDirection_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(98))();
+  Call := Begun(98);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetUnitPrice: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(99))();
+  Call := Begun(99);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetUnitPrice_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(100))();
+  Call := Begun(100);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function ShowBalance: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(101))();
+  Call := Begun(101);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function ShowBalance_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(102))();
+  Call := Begun(102);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function ShowDisplayText: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(103))();
+  Call := Begun(103);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function ShowDisplayText_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(104))();
+  Call := Begun(104);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function ShowOrHideForm: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(105))();
+  Call := Begun(105);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function ShowOrHideForm_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(106))();
+  Call := Begun(106);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function ShowProduct: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(107))();
+  Call := Begun(107);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function ShowProduct_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(108))();
+  Call := Begun(108);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function switch_resolution: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(109))();
+  Call := Begun(109);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function switch_resolution_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(110))();
+  Call := Begun(110);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function PrintLabelImage: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(111))();
+  Call := Begun(111);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function PrintLabelImage_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(112))();
+  Call := Begun(112);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function Version: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(113))();
+  Call := Begun(113);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function Version_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(114))();
+  Call := Begun(114);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function DisplayText: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(115))();
+  Call := Begun(115);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function DisplayText_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(116))();
+  Call := Begun(116);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function IncreaseResolution: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(117))();
+  Call := Begun(117);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function IncreaseResolution_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(118))();
+  Call := Begun(118);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetClientName: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(119))();
+  Call := Begun(119);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 
 function SetClientName_stdcall: Integer;
+var
+  Call: TCall;
 begin
-  Result := TRaw(Entry(120))();
+  Call := Begun(120);
+  Result := TRaw(Call.Entry)();
+  Ended(Call);
 end;
 // generated: end
 

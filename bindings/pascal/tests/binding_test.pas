@@ -1,7 +1,7 @@
 // The unit against the library and a simulator.
 //
 // usage: binding_test SUITE
-//   SUITE  Weighing, Printing, Receipts, Faults, Threads, Exports, CodePages or Loading
+//   SUITE  Weighing, Printing, Receipts, Faults, Threads, Exports, CodePages, Replies, AsLumidesk or Loading
 // Each suite runs in a process of its own, since the library has one connection and one code page in a process.
 // Environment: TOLVEX_LIBRARY, ZELKAD_SIM, TOLVEX_TEST_ADDRESS, TOLVEX_TEST_FOLDER; for CodePages
 // TOLVEX_TEST_CODE_PAGE, the code page that the locale is expected to have; for Loading on Windows
@@ -18,7 +18,7 @@ uses
 {$IFDEF UNIX}
   cthreads,
 {$ENDIF}
-  Classes, SysUtils, fpcunit, tolvex, simulator;
+  Classes, SysUtils, Math, fpcunit, tolvex, simulator;
 
 type
   // A simulator of its own for each test, and texts compared as what they are.
@@ -111,6 +111,26 @@ type
     procedure LettersOfTheCodePageArePrintedAsUtf8;
     procedure LettersBeyondTheCodePageAreRefusedOrReplaced;
     procedure HalfASurrogatePairIsRefused;
+  end;
+
+  // Replies that no simulator of a scale gives.
+  TReplies = class(TSimulatorTest)
+  protected
+    procedure SetUp; override;
+    function ReadingOf(const AMembers: string): TReading;
+    procedure IsUnreadable(const AMembers: string);
+  published
+    procedure WeightsAreReadInEachWidth;
+    procedure WhatIsNoNumberIsNeverAWeight;
+    procedure FloatingPointExceptionsAreAsBeforeAfterACall;
+    procedure ATareThatIsMissingIsNoTareOfZero;
+  end;
+
+  // As a host application of this name, with the library beside it.
+  TAsLumidesk = class(TSimulatorTest)
+  published
+    procedure TheLibraryBesideTheProgramIsFound;
+    procedure NoTareIsToldToThisApplication;
   end;
 
   TLoading = class(TSimulatorTest)
@@ -1372,6 +1392,146 @@ begin
   end;
 end;
 
+// ---- Replies ----
+
+procedure TReplies.SetUp;
+begin
+  SetServer(UnicodeString(Needed('TOLVEX_TEST_ADDRESS')));
+end;
+
+// What is read of a reply with these members. The first call after a start of the service may find the old
+// connection, and is done again.
+function TReplies.ReadingOf(const AMembers: string): TReading;
+const
+  Ask = '{"cmd":"checkConnection"} -> {"result":"0"}';
+var
+  Scale: TScale;
+  Tries: Integer;
+begin
+  Sim.Free;
+  Sim := nil;
+  Sim := TSimulator.Create([Ask, '{"cmd":"getweight"} -> {"result":"0",' + AMembers + '}']);
+  Tries := 1;
+  while not ServiceAnswers do
+  begin
+    Inc(Tries);
+    CheckTrue(Tries < 20, 'the simulator answers');
+  end;
+  Scale := TScale.Create;
+  try
+    Result := Scale.Read;
+  finally
+    Scale.Free;
+  end;
+end;
+
+procedure TReplies.WeightsAreReadInEachWidth;
+var
+  Reading: TReading;
+begin
+  Reading := ReadingOf('"net":"-1.5","tare":"123.4","zero":"0","tareType":"T"');
+  Same('-1.5000', Reading.NetText);
+  SameAmount(-1.5, Reading.Net);
+  Same('123.4000', Reading.TareText);
+  SameAmount(123.4, Reading.Tare);
+  CheckTrue(Reading.TareActive);
+  Reading := ReadingOf('"net":"-12.5","tare":"-12.5","zero":"1","tareType":"N"');
+  Same('-12.500', Reading.NetText);
+  SameAmount(-12.5, Reading.Net);
+  SameAmount(-12.5, Reading.Tare);
+  CheckTrue(Reading.AtZero);
+  CheckFalse(Reading.TareActive);
+  Reading := ReadingOf('"net":"1234.5","tare":"0","zero":"0","tareType":"N"');
+  SameAmount(1234.5, Reading.Net);
+  Reading := ReadingOf('"net":"99.9999","tare":"0.0001","zero":"0","tareType":"N"');
+  SameAmount(99.9999, Reading.Net);
+  SameAmount(0.0001, Reading.Tare);
+end;
+
+procedure TReplies.IsUnreadable(const AMembers: string);
+begin
+  try
+    ReadingOf(AMembers);
+    Fail('read: ' + AMembers);
+  except
+    on E: ETolvexError do
+    begin
+      CheckEquals(TOLVEX_UNREADABLE_REPLY, E.Code);
+      Has('What to do', MessageOf(E));
+    end;
+  end;
+end;
+
+procedure TReplies.WhatIsNoNumberIsNeverAWeight;
+begin
+  IsUnreadable('"net":"inf","tare":"0","zero":"0","tareType":"N"');
+  IsUnreadable('"net":"nan","tare":"0","zero":"0","tareType":"N"');
+  IsUnreadable('"tare":"0","zero":"0","tareType":"N"');
+  // Cut off where the field ends, before the point.
+  IsUnreadable('"net":"12345678.9","tare":"0","zero":"0","tareType":"N"');
+end;
+
+procedure TReplies.FloatingPointExceptionsAreAsBeforeAfterACall;
+var
+  Mask: TFPUExceptionMask;
+  Zero: Double;
+begin
+  Mask := GetExceptionMask;
+  CheckFalse(exInvalidOp in Mask, 'on in a program of Pascal');
+  // The library compares what is no number.
+  IsUnreadable('"net":"nan","tare":"nan","zero":"0","tareType":"N"');
+  CheckTrue(Mask = GetExceptionMask, 'as before');
+  Zero := Length(Address) * 0;
+  try
+    Zero := Zero / Zero;
+    Fail('no exception');
+  except
+    on EInvalidOp do ;
+    on EZeroDivide do ;
+  end;
+end;
+
+procedure TReplies.ATareThatIsMissingIsNoTareOfZero;
+var
+  Reading: TReading;
+  Tare: Currency;
+begin
+  Reading := ReadingOf('"net":"0.5","zero":"0","tareType":"N"');
+  SameAmount(0.5, Reading.Net);
+  try
+    Tare := Reading.Tare;
+    Fail('a tare: ' + string(WeightToText(Tare)));
+  except
+    on E: ETolvexError do
+      CheckEquals(TOLVEX_UNREADABLE_REPLY, E.Code);
+  end;
+end;
+
+// ---- As a host application that is told no tare ----
+
+procedure TAsLumidesk.TheLibraryBesideTheProgramIsFound;
+begin
+  CheckEquals('', GetEnvironmentVariable('TOLVEX_LIBRARY'));
+  Same(UnicodeString(ExtractFilePath(ParamStr(0))), UnicodeString(ExtractFilePath(string(TolvexLibraryPath))));
+end;
+
+procedure TAsLumidesk.NoTareIsToldToThisApplication;
+var
+  Scale: TScale;
+  Tare: Currency;
+begin
+  Scale := TScale.Create;
+  try
+    Sim.Type_('load 0.12');
+    CheckFalse(Scale.TakeTare(Tare), 'no tare is told');
+    SameAmount(0.12, Scale.Read.Tare);
+    CheckFalse(Scale.ClearTare(Tare), 'no tare is told');
+    CheckFalse(Scale.Read.TareActive);
+  finally
+    Scale.Free;
+  end;
+end;
+
 // ---- Loading ----
 
 procedure TLoading.SetUp;
@@ -1509,8 +1669,8 @@ begin
 end;
 
 const
-  Suites: array[0..7] of TTestCaseClass = (TWeighing, TPrinting, TReceipts, TFaults, TThreads, TExports, TCodePages,
-    TLoading);
+  Suites: array[0..9] of TTestCaseClass = (TWeighing, TPrinting, TReceipts, TFaults, TThreads, TExports, TCodePages,
+    TReplies, TAsLumidesk, TLoading);
 var
   Outcome: TTestResult;
   Telling: ITestListener; // which the result does not hold

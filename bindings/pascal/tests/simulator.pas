@@ -16,13 +16,16 @@ type
   TSimulator = class
   private
     FProcess: TProcess;
-    FFolder, FRecording: string;
+    FRecording: string;
     FRest: string;
     function ReadLine(const AWaitingFor: string): string;
     procedure WriteLine(const ALine: string);
+    procedure Launch(const AOptions: array of string);
   public
     // Starts it at the address of the environment variable TOLVEX_TEST_ADDRESS, and waits until it is ready.
-    constructor Create;
+    constructor Create; overload;
+    // One that answers from a recording made of these replies to getweight and others: "request -> reply".
+    constructor Create(const AExchanges: array of string); overload;
     destructor Destroy; override;
     // A line of the console; the lines of its answer without the "ok". Raises if it is refused.
     function Type_(const ALine: string): string;
@@ -58,25 +61,56 @@ begin
   ForceDirectories(Result);
 end;
 
-constructor TSimulator.Create;
+procedure TSimulator.Launch(const AOptions: array of string);
+var
+  I: Integer;
 begin
-  FFolder := ScratchFolder;
-  FRecording := FFolder + 'recording.jsonl';
-  DeleteFile(FRecording);
   FProcess := TProcess.Create(nil);
   FProcess.Executable := Needed('ZELKAD_SIM');
   FProcess.Parameters.Add('--address');
   FProcess.Parameters.Add(Needed('TOLVEX_TEST_ADDRESS'));
   FProcess.Parameters.Add('--no-web');
   FProcess.Parameters.Add('--quiet');
-  FProcess.Parameters.Add('--console');
-  FProcess.Parameters.Add('--settling');
-  FProcess.Parameters.Add('0');
-  FProcess.Parameters.Add('--record');
-  FProcess.Parameters.Add(FRecording);
+  for I := 0 to High(AOptions) do
+    FProcess.Parameters.Add(AOptions[I]);
   FProcess.Options := [poUsePipes, poStderrToOutPut];
   FProcess.Execute;
   while ReadLine('the simulator to be ready') <> 'zelkad-sim: ready' do ;
+end;
+
+constructor TSimulator.Create;
+begin
+  FRecording := ScratchFolder + 'recording.jsonl';
+  DeleteFile(FRecording);
+  Launch(['--console', '--settling', '0', '--record', FRecording]);
+end;
+
+function Escaped(const AText: string): string;
+begin
+  Result := StringReplace(AText, '\', '\\', [rfReplaceAll]);
+  Result := StringReplace(Result, '"', '\"', [rfReplaceAll]);
+end;
+
+constructor TSimulator.Create(const AExchanges: array of string);
+var
+  Lines: TStringList;
+  I, Arrow: Integer;
+begin
+  FRecording := ScratchFolder + 'replay.jsonl';
+  Lines := TStringList.Create;
+  try
+    Lines.Add('{"recording":"zelkad-sim","format":1,"version":"3.0.3.2"}');
+    for I := 0 to High(AExchanges) do
+    begin
+      Arrow := Pos(' -> ', AExchanges[I]);
+      Lines.Add(Format('{"number":%d,"ms":%d.0,"port":"weighing","connection":1,"request":"%s","reply":"%s"}',
+        [I + 1, I + 1, Escaped(Copy(AExchanges[I], 1, Arrow - 1)), Escaped(Copy(AExchanges[I], Arrow + 4, MaxInt))]));
+    end;
+    Lines.SaveToFile(FRecording);
+  finally
+    Lines.Free;
+  end;
+  Launch(['--replay', FRecording]);
 end;
 
 destructor TSimulator.Destroy;
