@@ -46,8 +46,9 @@ def _head(function: Function, collides: bool) -> str:
     return f"function {function.name}{f'({inside})' if inside else ''}: Integer;{' overload;' if collides else ''}"
 
 
-def _folded(head: str) -> str:
-    return "\n  ".join(textwrap.wrap(head, 100, break_long_words=False)) if len(head) > 100 else head
+def _folded(head: str, indent: str = "") -> str:
+    lines = textwrap.wrap(head, 100, break_long_words=False)
+    return indent + ("\n  " + indent).join(lines)
 
 
 def _collisions(header: Header) -> "set[str]":
@@ -63,8 +64,9 @@ def _collisions(header: Header) -> "set[str]":
 
 def _record(record: Record) -> List[str]:
     """A packed record, with the size and the offsets as C has them."""
-    lines = [f"  // {line}".rstrip() for line in record.comment]
-    lines += [f"  // C: {record.name}, {record.size} bytes", f"  T{_camel(record.name)} = packed record"]
+    lines = [f"  // {line}".rstrip().replace("(char *)&", "@") for line in record.comment]
+    lines += [f"  // C: {record.name}, {record.size} bytes"]
+    lines += [f"  T{_camel(record.name)} = packed record"]
     for member in record.members:
         kind = MEMBERS[member.type]
         kind = f"array[0..{member.count - 1}] of {kind}" if member.count else kind
@@ -95,7 +97,8 @@ def _rows(header: Header) -> List[str]:
     lines = [f"  ResultRows: array[0..{len(header.codes) - 1}] of TResultRow = ("]
     for code in header.codes:
         lines += row(str(code.code), code.name, code.text, code.meaning, code.remedy, code is header.codes[-1])
-    lines += ["", "  // What functions answer beside the result codes.", f"  AnswerRows: array[0..{len(header.answers) - 1}] of TResultRow = ("]
+    lines += ["", "  // What functions answer beside the result codes."]
+    lines.append(f"  AnswerRows: array[0..{len(header.answers) - 1}] of TResultRow = (")
     for answer in header.answers:
         name = _camel(answer.constant[len("TOLVEX_") :].lower())
         lines += row(answer.constant, name, answer.text, answer.meaning, answer.remedy, answer is header.answers[-1])
@@ -106,7 +109,7 @@ def _rows(header: Header) -> List[str]:
 
 def _declarations(header: Header) -> List[str]:
     collisions = _collisions(header)
-    lines = [f"// {line}".rstrip() for line in header.conventions]
+    lines = [f"// {line}".rstrip() for line in header.conventions if line.strip() or line is not header.conventions[-1]]
     group, before = "", None
     for function in header.functions:
         if function.group != group:
@@ -127,11 +130,12 @@ def _bodies(header: Header) -> List[str]:
         shapes.setdefault(_shape(function), function)
     for name, function in sorted(shapes.items()):
         inside = "; ".join(f"A{i}: {TYPES[p.type]}" for i, p in enumerate(function.parameters))
-        lines.append(_folded(f"  {name} = function{f'({inside})' if inside else ''}: Integer; cdecl;"))
+        lines.append(_folded(f"{name} = function{f'({inside})' if inside else ''}: Integer; cdecl;", "  "))
     for index, function in enumerate(header.functions):
         arguments = ", ".join(_parameter(p) for p in function.parameters)
         lines += ["", _folded(_head(function, function.name.lower() in collisions)), "var", "  Call: TCall;", "begin"]
-        lines += [f"  Call := Begun({index});", f"  Result := {_shape(function)}(Call.Entry)({arguments});", "  Ended(Call);", "end;"]
+        lines += [f"  Call := Begun({index});", f"  Result := {_shape(function)}(Call.Entry)({arguments});"]
+        lines += ["  Ended(Call);", "end;"]
     return lines
 
 

@@ -86,7 +86,7 @@ const
   TOLVEX_RESULT_PRT_STATUS_ABNORMAL = 2010; // Prt Status Abnormal
 
 type
-  // What read_baseinfo fills in: 64 bytes, little-endian. Pass its address as (char *)&info.
+  // What read_baseinfo fills in: 64 bytes, little-endian. Pass its address as @info.
   // C: tolvex_base_info, 64 bytes
   TTolvexBaseInfo = packed record
     MaxRange: array[0..2] of Integer; // offset 0: capacity of each range, in the service's unit, whole numbers
@@ -99,7 +99,7 @@ type
     SystemVersion: array[0..19] of AnsiChar; // offset 44: no NUL after twenty characters
   end;
 
-  // What read_standard fills in: 24 bytes. Pass its address as (char *)&weight.
+  // What read_standard fills in: 24 bytes. Pass its address as @weight.
   // C: tolvex_weight, 24 bytes
   TTolvexWeight = packed record
     Status: Byte; // offset 0: TOLVEX_WEIGHT_ bits
@@ -466,11 +466,8 @@ type
 // generated: functions
 // Written by ./run bindings from src/api/exports.h. Do not edit.
 // tolvex - device adapter library for point-of-sale applications (x64).
-//
 // The public interface of tolvex_dll.dll and libtolvex_dll.so, for C and C++.
-//
 // Conventions, which hold for every function unless its own text says otherwise:
-//
 //  1. Results. A function "returning a verdict" gives TOLVEX_OK (240) or TOLVEX_FAILED (255). A
 //     function "returning a code" gives a result code: 0 for success, otherwise one of enum
 //     tolvex_result or whatever code the service answered; TOLVEX_UNREADABLE_REPLY (-1) is a reply
@@ -506,7 +503,6 @@ type
 //     and a code is 1.
 // 11. Names. On x64 there is one calling convention. A function with a twin exists under a second
 //     name with the suffix _stdcall, which does exactly the same.
-//
 
 // ---- Weighing ----
 
@@ -3378,10 +3374,10 @@ type
   TRawP = function(A0: PAnsiChar): Integer; cdecl;
   TRawPI = function(A0: PAnsiChar; A1: Integer): Integer; cdecl;
   TRawPP = function(A0: PAnsiChar; A1: PAnsiChar): Integer; cdecl;
-  TRawPPIPPUU = function(A0: PAnsiChar; A1: PAnsiChar; A2: Integer; A3: PAnsiChar; A4: PAnsiChar;
-  A5: Cardinal; A6: Cardinal): Integer; cdecl;
+  TRawPPIPPUU = function(A0: PAnsiChar; A1: PAnsiChar; A2: Integer; A3: PAnsiChar; A4: PAnsiChar; A5:
+    Cardinal; A6: Cardinal): Integer; cdecl;
   TRawPPPUU = function(A0: PAnsiChar; A1: PAnsiChar; A2: PAnsiChar; A3: Cardinal; A4: Cardinal):
-  Integer; cdecl;
+    Integer; cdecl;
   TRawPPU = function(A0: PAnsiChar; A1: PAnsiChar; A2: Cardinal): Integer; cdecl;
   TRawPU = function(A0: PAnsiChar; A1: Cardinal): Integer; cdecl;
   TRawPUP = function(A0: PAnsiChar; A1: Cardinal; A2: PAnsiChar): Integer; cdecl;

@@ -816,19 +816,25 @@ begin
   Has('TOTAL €', UTF8Decode(Sim.Type_('paper Ticket')));
 end;
 
+const
+  Picture: UnicodeString = 'Löwe.bmp';
+
 // A picture of one black dot.
-procedure WriteBitmap(const AFile: string);
+procedure WritePicture;
 const
   Bytes: array[0..57] of Byte = (
     $42, $4D, 58, 0, 0, 0, 0, 0, 0, 0, 54, 0, 0, 0, 40, 0, 0, 0, 1, 0, 0, 0, 1, 0, 0, 0, 1, 0, 24, 0,
     0, 0, 0, 0, 4, 0, 0, 0, $13, $0B, 0, 0, $13, $0B, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
+var
+  Opened: THandle;
 begin
-  with TFileStream.Create(AFile, fmCreate) do
-    try
-      WriteBuffer(Bytes, SizeOf(Bytes));
-    finally
-      Free;
-    end;
+{$IFDEF UNIX}
+  Opened := FileCreate(RawByteString(ScratchFolder) + UTF8Encode(Picture)); // bytes
+{$ELSE}
+  Opened := FileCreate(UnicodeString(ScratchFolder) + Picture);
+{$ENDIF}
+  FileWrite(Opened, Bytes, SizeOf(Bytes));
+  FileClose(Opened);
 end;
 
 procedure TReceipts.ImagesAreQueuedByTheirFullPath;
@@ -838,14 +844,14 @@ var
   Printed: TStringList;
   Before: string;
 begin
-  WriteBitmap(ScratchFolder + 'dot.bmp');
+  WritePicture;
   Before := GetCurrentDir;
   Receipt := TReceipt.Create;
   Printer := TPosPrinter.Create(ptTicket);
   try
     CheckTrue(SetCurrentDir(ScratchFolder));
-    Receipt.Image('dot.bmp', 90);
-    Printer.PrintImage('dot.bmp');
+    Receipt.Image(Picture, 90);
+    Printer.PrintImage(Picture);
     SetCurrentDir(Before); // the path stays that of before
     Receipt.Print(jtTicket);
   finally
@@ -858,11 +864,12 @@ begin
     CheckEquals(2, Printed.Count);
     Has('"angle":"0"', UnicodeString(Printed[0]));
 {$IFDEF UNIX}
-    SameBytes('{"cmd":"printbmpfile","printerType":"1","angle":"0","filename":"' + ScratchFolder + 'dot.bmp"}',
-      Printed[0]);
+    SameBytes('{"cmd":"printbmpfile","printerType":"1","angle":"0","filename":"' +
+      UTF8Encode(UnicodeString(ScratchFolder) + Picture) + '"}', Printed[0]);
     Has('/prt_', UnicodeString(Printed[1])); // the library's copy
 {$ELSE}
-    Has('\dot.bmp"', UnicodeString(Printed[0]));
+    Has('\' + Picture + '"', UTF8Decode(Printed[0]));
+    Has('\' + Picture + '"', UTF8Decode(Printed[1])); // no log folder, so no copy
 {$ENDIF}
     Has('"angle":"90"', UnicodeString(Printed[1]));
   finally
