@@ -150,6 +150,19 @@ def _calls(header: Header) -> List[str]:
     return lines
 
 
+def _layout(header: Header) -> List[str]:
+    """For the tests: size and offset of each member, as C has them."""
+    lines = []
+    for record in header.records:
+        variable = _camel(record.name[len("tolvex_") :])
+        lines.append(f"  CheckEquals({record.size}, SizeOf({variable}), '{record.name}');")
+        for member in record.members:
+            name, told = f"{variable}.{_camel(member.name)}", f"'{record.name}.{member.name}'"
+            lines.append(f"  CheckEquals({member.offset}, PtrUInt(@{name}) - PtrUInt(@{variable}), {told});")
+            lines.append(f"  CheckEquals({member.size}, SizeOf({name}), {told});")
+    return lines
+
+
 def files(header: Header, folder: Path) -> Dict[str, str]:
     """The unit, with its generated parts anew."""
     text = (folder / UNIT).read_text(encoding="utf-8")
@@ -165,4 +178,5 @@ def files(header: Header, folder: Path) -> Dict[str, str]:
         start = text.index(begin) + len(begin)
         stop = text.index(end, start)
         text = text[:start] + NOTE + "\n" + "\n".join(lines) + "\n" + text[stop:]
-    return {UNIT: text, "tests/calls.inc": "\n".join([NOTE] + _calls(header)) + "\n"}
+    of_tests = {"tests/calls.inc": _calls(header), "tests/layout.inc": _layout(header)}
+    return {UNIT: text, **{name: "\n".join([NOTE] + lines) + "\n" for name, lines in of_tests.items()}}

@@ -67,6 +67,7 @@ type
     procedure AReceiptGoesOutLineByLineAndIsCut;
     procedure ImagesAreQueuedByTheirFullPath;
     procedure ALabelGoesToTheLabelPrinter;
+    procedure EachJobTypeGoesToItsPrinterAndEndsAsItSays;
     procedure AReceiptIsCheckedBeforeItsFirstLineIsQueued;
     procedure PaperThatEndsInTheMiddleIsToldAndTheReceiptPrintedAgain;
   end;
@@ -899,6 +900,48 @@ begin
     '{"cmd":"printblanks","distance":"13","printerType":"0"}']);
 end;
 
+procedure TReceipts.EachJobTypeGoesToItsPrinterAndEndsAsItSays;
+const
+  Ends: array[0..2] of RawByteString = ('beginPrint', 'printblanks', 'cutPaper');
+  Jobs: array[0..14] of record
+    Job: TJobType;
+    PrinterType: AnsiChar;
+    Last: Integer; // of Ends
+  end = (
+    (Job: jtTicket; PrinterType: '1'; Last: 0), (Job: jtLabel; PrinterType: '0'; Last: 0),
+    (Job: jtTicketFeed; PrinterType: '1'; Last: 1), (Job: jtTicketImage; PrinterType: '1'; Last: 0),
+    (Job: jtTicketCut; PrinterType: '1'; Last: 2), (Job: jtFullPageFeed; PrinterType: '1'; Last: 1),
+    (Job: jtFullPageCut; PrinterType: '1'; Last: 2), (Job: jtLabelImage; PrinterType: '0'; Last: 0),
+    (Job: jtLabelDots; PrinterType: '0'; Last: 0), (Job: jtLabelFeedAuto; PrinterType: '0'; Last: 1),
+    (Job: jtLongPageCut; PrinterType: '1'; Last: 2), (Job: jtLabelFeed; PrinterType: '0'; Last: 1),
+    (Job: jtThird; PrinterType: '2'; Last: 0), (Job: jtThirdFeed; PrinterType: '2'; Last: 1),
+    (Job: jtThirdCut; PrinterType: '2'; Last: 2));
+var
+  Receipt: TReceipt;
+  Printed: TStringList;
+  I: Integer;
+  Last: string;
+begin
+  Receipt := TReceipt.Create;
+  try
+    Receipt.Text('a');
+    for I := Low(Jobs) to High(Jobs) do
+    begin
+      Receipt.Print(Jobs[I].Job);
+      Printed := Sim.Requests;
+      try
+        Last := Printed[Printed.Count - 1];
+      finally
+        Printed.Free;
+      end;
+      CheckEquals(1, Pos('{"cmd":"' + Ends[Jobs[I].Last] + '"', Last), IntToStr(Ord(Jobs[I].Job)) + ': ' + Last);
+      CheckTrue(Pos('"printerType":"' + Jobs[I].PrinterType + '"', Last) > 0, IntToStr(Ord(Jobs[I].Job)) + ': ' + Last);
+    end;
+  finally
+    Receipt.Free;
+  end;
+end;
+
 procedure TReceipts.AReceiptIsCheckedBeforeItsFirstLineIsQueued;
 var
   Receipt: TReceipt;
@@ -1280,21 +1323,9 @@ end;
 procedure TExports.RecordsAreLaidOutAsInC;
 var
   Weight: TTolvexWeight;
-  Base: TTolvexBaseInfo;
+  BaseInfo: TTolvexBaseInfo;
 begin
-  CheckEquals(24, SizeOf(Weight));
-  CheckEquals(1, PtrUInt(@Weight.Net) - PtrUInt(@Weight));
-  CheckEquals(8, PtrUInt(@Weight.Mark) - PtrUInt(@Weight));
-  CheckEquals(9, PtrUInt(@Weight.Tare) - PtrUInt(@Weight));
-  CheckEquals(16, PtrUInt(@Weight.Rest) - PtrUInt(@Weight));
-  CheckEquals(64, SizeOf(Base));
-  CheckEquals(12, PtrUInt(@Base.MinRange) - PtrUInt(@Base));
-  CheckEquals(16, PtrUInt(@Base.MaxTare) - PtrUInt(@Base));
-  CheckEquals(20, PtrUInt(@Base.MaxPresetTare) - PtrUInt(@Base));
-  CheckEquals(24, PtrUInt(@Base.Resolution) - PtrUInt(@Base));
-  CheckEquals(36, PtrUInt(@Base.WeightUnit) - PtrUInt(@Base));
-  CheckEquals(40, PtrUInt(@Base.Reserved) - PtrUInt(@Base));
-  CheckEquals(44, PtrUInt(@Base.SystemVersion) - PtrUInt(@Base));
+{$I layout.inc}
 end;
 
 // ---- Code pages ----
