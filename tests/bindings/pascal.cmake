@@ -28,7 +28,8 @@ function(tolvex_pascal_suite name mode suite address code_page)
     add_dependencies(pascal_locales ${locale})
     tolvex_in_locale(${ARGN} environment)
   endif()
-  set_tests_properties(bindings.Pascal${name} PROPERTIES FIXTURES_REQUIRED pascal_programs ENVIRONMENT "${environment}")
+  set_tests_properties(bindings.Pascal${name} PROPERTIES FIXTURES_REQUIRED pascal_programs
+    ENVIRONMENT "WINEPREFIX=${TOLVEX_BINDINGS_WINDOWS};${environment}")
 endfunction()
 
 add_custom_target(pascal_locales ALL)
