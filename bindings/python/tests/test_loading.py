@@ -209,12 +209,14 @@ class Heads(unittest.TestCase):
             opened.assert_called_once_with(str(Path("/opt/till") / _loader.FILE_NAME))
 
     def test_a_dependency_that_is_missing_is_told_apart(self) -> None:
-        error = OSError("[WinError 126] The specified module could not be found")
-        error.winerror = 126  # type: ignore[attr-defined]
+        # What ctypes makes of Windows' error 126.
+        error = FileNotFoundError("Could not find module 'tolvex_dll.dll' (or one of its dependencies).")
         with mock.patch.object(_loader, "_open", side_effect=error):
             library, reason = _loader._try(Path(LIBRARY))
         self.assertIsNone(library)
         self.assertIn("a DLL that it needs is missing", reason)
+        with mock.patch.object(_loader, "_open", side_effect=error):
+            self.assertNotIn("The file is there", _loader._try(Path(_loader.FILE_NAME))[1])
 
 
 class Command(unittest.TestCase):

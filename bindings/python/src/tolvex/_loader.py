@@ -182,8 +182,9 @@ def _try(path: Path) -> Tuple[Optional[ctypes.CDLL], str]:
         library = _open(path)
     except OSError as error:
         words = str(error).strip()
-        if getattr(error, "winerror", None) == 126 and not by_name:
-            words += " (the file is there: a DLL that it needs is missing)"
+        # Of a file that is there: Windows and ctypes do not tell it apart from what it needs.
+        if isinstance(error, FileNotFoundError) and not by_name:
+            words += " The file is there: a DLL that it needs is missing."
         return None, ("is not found by the system: " if by_name else "cannot be loaded: ") + words
     from ._native import EXPORTS
 
