@@ -7,7 +7,7 @@ from typing import Callable, List, NamedTuple, Tuple, Union
 from . import _exports
 from ._calls import number, printing, uninterrupted
 from ._encoding import check_text, code_page
-from ._errors import QueueNotEmpty
+from ._errors import QueueNotEmpty, explain
 from ._native import INT_MIN
 from ._printing import FilePath, absolute_path, font_size
 
@@ -102,7 +102,10 @@ def send(calls: List[Queued], job_type: int) -> None:
         for call in calls[len(_left) :]:
             answer = call.function(call.text, *call.numbers)
             if answer in (_exports.TOLVEX_FONT_TOO_SMALL, _exports.TOLVEX_FONT_TOO_BIG):
-                raise ValueError(f"the library refuses the font size {call.numbers[0]}")
+                row = explain(answer)
+                raise ValueError(
+                    f"the library refuses the font size {call.numbers[0]}. {row.meaning} What to do: {row.remedy}"
+                )
             if answer != _exports.TOLVEX_OK:
                 # Queueing sends nothing, so the last error is that of another call.
                 raise MemoryError(f"{call.function.__name__} could not queue a line or an image; see the library's log")
