@@ -116,10 +116,10 @@ class Weighing(SimulatorTest):
             self.simulator.until(lambda: len(self.simulator.requests("getweight")) >= 3, "three readings")
             self.simulator.scale(unstable=False)
 
-        helper = threading.Thread(target=settle)
-        helper.start()
+        settling = threading.Thread(target=settle)
+        settling.start()
         reading = self.scale.wait_stable(timeout=60, interval=0.01)
-        helper.join(60)
+        settling.join(60)
         self.assertTrue(reading.stable)
         self.assertGreater(len(self.simulator.requests("getweight")), 3)
 
