@@ -60,7 +60,8 @@ function lengthOf(bytes) {
 
 /** The systems' names, as the problems say them. */
 function needed() {
-  return process.platform === 'win32' ? '64-bit Windows' : '64-bit Linux';
+  const systems = /** @type {Record<string, string>} */ ({ win32: '64-bit Windows', linux: '64-bit Linux' });
+  return systems[process.platform] ?? '64-bit Windows or Linux';
 }
 
 /** What this process is, in the same words. */

@@ -3,11 +3,19 @@
 'use strict';
 
 const { constants } = require('./tables');
-const { TolvexError } = require('./errors');
+const { decoded } = require('./charset');
+const { TolvexError, UnreadableError } = require('./errors');
 const raw = require('./raw');
 
 const kTextSize = 2048; // the longest reply
 const kNameBytes = 255;
+
+/** What holds where a caller says nothing. */
+const usual = Object.freeze({
+  size: 24, // dots; a receipt of 72 mm has 48 such characters in a line
+  width: 72, // millimetres, of 80 mm paper
+  wait: 40000, // milliseconds, as the library waits
+});
 
 /** @typedef {import('./exports').Export<any[]>} Exported */
 
@@ -32,6 +40,37 @@ function* verdict(exported, ...values) {
 function* code(exported, ...values) {
   const result = yield [exported, ...values];
   if (result !== 0) throw new TolvexError(exported.name, result);
+}
+
+/**
+ * A raw command: its reply, which an error has, too.
+ * @param {Exported} exported
+ * @param {(reply: Buffer) => any[]} values
+ * @returns {import('./connection').Work<string>}
+ */
+function* rawReply(exported, values) {
+  const reply = room();
+  try {
+    yield* code(exported, ...values(reply));
+  } catch (error) {
+    if (error instanceof TolvexError) error.reply = decoded(reply);
+    throw error;
+  }
+  return decoded(reply);
+}
+
+/**
+ * The object in a reply that the library has read already.
+ * @param {string} operation
+ * @param {string} reply
+ * @returns {Record<string, unknown>}
+ */
+function parsedReply(operation, reply) {
+  try {
+    return JSON.parse(reply);
+  } catch {
+    throw new UnreadableError(operation, 'reply', reply);
+  }
 }
 
 /**
@@ -98,6 +137,12 @@ function printerName(value) {
   return name;
 }
 
+/** @param {string} what @param {unknown} on */
+function flag(what, on) {
+  if (typeof on !== 'boolean') throw new TypeError(`${what} has to be true or false, but it is ${kind(on)}.`);
+  return on ? 1 : 0;
+}
+
 /** @param {unknown} value */
 function kind(value) {
   return value === null ? 'null' : typeof value;
@@ -114,5 +159,6 @@ function wait(value) {
 }
 
 module.exports = {
-  verdict, code, wholeNumber, fontSize, paperWidth, angle, unsigned, text, textThatIsNotEmpty, printerName, room, wait, kTextSize,
+  verdict, code, rawReply, parsedReply, usual, wholeNumber, fontSize, paperWidth, angle, unsigned, flag, text, textThatIsNotEmpty,
+  printerName, room, wait, kTextSize,
 };

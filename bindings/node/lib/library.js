@@ -8,6 +8,7 @@ const { problemOf, needed, running } = require('./binary');
 const { LibraryNotLoadedError } = require('./errors');
 
 const isWindows = process.platform === 'win32';
+const isSystemKnown = isWindows || process.platform === 'linux';
 const fileName = isWindows ? 'tolvex_dll.dll' : 'libtolvex_dll.so';
 
 /** @typedef {{file: string, system?: boolean}} Candidate */
@@ -119,7 +120,9 @@ function attempt(candidate, tried) {
 function failure(tried) {
   const lines = [`The library ${fileName} could not be loaded into this ${running()} process; needed is ${needed()}.`];
   if (tried.length > 0) lines.push('Tried:', ...tried.map(({ file, problem }) => `  ${file} ${problem}`));
-  if (process.arch !== 'x64') {
+  if (!isSystemKnown) {
+    lines.push('What to do: tolvex is for 64-bit (x64) Windows and Linux only; run the application there.');
+  } else if (process.arch !== 'x64') {
     lines.push(`What to do: tolvex is 64-bit (x64) only. Run the 64-bit build of ${
       process.versions.electron ? 'the application (Electron for x64, not ia32)' : 'Node.js (x64)'}.`);
   } else if (process.env.TOLVEX_LIBRARY) {
@@ -147,7 +150,7 @@ function load(given) {
   if (loaded) return loaded.path;
   /** @type {{file: string, problem: string}[]} */
   const tried = [];
-  if (process.arch !== 'x64' || !(isWindows || process.platform === 'linux')) throw failure(tried);
+  if (process.arch !== 'x64' || !isSystemKnown) throw failure(tried);
   for (const candidate of candidates(given)) {
     loaded = attempt(candidate, tried);
     if (!loaded) continue;

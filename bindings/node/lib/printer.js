@@ -4,17 +4,14 @@ const path = require('node:path');
 
 const { constants } = require('./tables');
 const {
-  verdict, code, fontSize, paperWidth, angle, unsigned, wholeNumber, text, textThatIsNotEmpty, printerName, room, wait, kTextSize,
+  verdict, code, rawReply, parsedReply, usual, fontSize, paperWidth, angle, unsigned, flag, wholeNumber, text, textThatIsNotEmpty,
+  printerName, room, wait, kTextSize,
 } = require('./command');
 const { printing } = require('./connection');
 const { decoded, encodedUtf8 } = require('./charset');
 const { explain, TolvexError } = require('./errors');
-const { parsedReply } = require('./scale');
 const raw = require('./raw');
 
-const kUsualWait = 40000;
-const kNormal = 24; // the height of characters of which a receipt of 72 mm holds 48
-const kReceiptWidth = 72;
 const kMostBlank = 1000;
 
 const PrinterType = Object.freeze(/** @type {const} */ ({
@@ -37,12 +34,6 @@ function line(value) {
   return encodedUtf8(text('The text', value) === '' ? ' ' : /** @type {string} */ (value));
 }
 
-/** @param {string} what @param {unknown} on */
-function flag(what, on) {
-  if (typeof on !== 'boolean') throw new TypeError(`${what} has to be true or false.`);
-  return on ? 1 : 0;
-}
-
 /** A printer, addressed by its type. */
 class Printer {
   /** @param {number} [type] */
@@ -58,7 +49,7 @@ class Printer {
   /** @param {string} value @param {{size?: number}} [options] */
   printTextSync(value, options) { return printing.runSync(this.#text(value, options)); }
   /** @param {string} value @param {{size?: number}} [options] */
-  #text(value, { size = kNormal } = {}) {
+  #text(value, { size = usual.size } = {}) {
     return code(raw.printTextById, line(value), fontSize(size), this.type);
   }
 
@@ -67,7 +58,7 @@ class Printer {
   /** @param {string} value @param {{size?: number, width?: number}} [options] */
   printWrappedSync(value, options) { return printing.runSync(this.#wrapped(value, options)); }
   /** @param {string} value @param {{size?: number, width?: number}} [options] */
-  #wrapped(value, { size = kNormal, width = kReceiptWidth } = {}) {
+  #wrapped(value, { size = usual.size, width = usual.width } = {}) {
     return code(raw.printTextByPaperWidthById, line(value), fontSize(size), paperWidth(width), this.type);
   }
 
@@ -146,25 +137,6 @@ function* firmwareVersion(name) {
   return parsedReply('getPrinterVersion', decoded(reply));
 }
 
-/**
- * @param {Buffer} name
- * @param {string} command
- * @param {number} number
- * @param {string} parameters
- * @param {number} timeout
- * @returns {import('./connection').Work<string>}
- */
-function* rawCommand(name, command, number, parameters, timeout) {
-  const reply = room();
-  try {
-    yield* code(raw.sendRawCmdToPrt, name, encodedUtf8(command), number, encodedUtf8(parameters), reply, kTextSize, timeout);
-  } catch (error) {
-    if (error instanceof TolvexError) error.reply = decoded(reply);
-    throw error;
-  }
-  return decoded(reply);
-}
-
 /** @typedef {{number?: number, parameters?: string, timeout?: number}} RawOptions */
 
 /** Settings of a printer, addressed by its name. */
@@ -229,9 +201,12 @@ class PrinterSettings {
   /** @param {string} command @param {RawOptions} [options] */
   rawCommandSync(command, options) { return printing.runSync(this.#rawCommand(command, options)); }
   /** @param {string} command @param {RawOptions} [options] */
-  #rawCommand(command, { number = 0, parameters = '', timeout = kUsualWait } = {}) {
-    return rawCommand(this.#name, textThatIsNotEmpty('The command', command),
-      wholeNumber('The number', number, -0x80000000, 0x7fffffff), text('The parameters', parameters), wait(timeout));
+  #rawCommand(command, { number = 0, parameters = '', timeout = usual.wait } = {}) {
+    const sent = encodedUtf8(textThatIsNotEmpty('The command', command));
+    const list = encodedUtf8(text('The parameters', parameters));
+    wholeNumber('The number', number, -0x80000000, 0x7fffffff);
+    const limit = wait(timeout);
+    return rawReply(raw.sendRawCmdToPrt, (reply) => [this.#name, sent, number, list, reply, kTextSize, limit]);
   }
 
   /** @param {typeof raw.setLeftMargin} exported @param {string} what @param {number} value */

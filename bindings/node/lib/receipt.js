@@ -4,13 +4,11 @@ const fs = require('node:fs');
 const path = require('node:path');
 
 const { constants } = require('./tables');
-const { verdict, fontSize, paperWidth, angle, wholeNumber, text, textThatIsNotEmpty } = require('./command');
+const { verdict, usual, fontSize, paperWidth, angle, wholeNumber, text, textThatIsNotEmpty } = require('./command');
 const { printing } = require('./connection');
 const { encoded } = require('./charset');
 const raw = require('./raw');
 
-const kNormal = 24;
-const kReceiptWidth = 72;
 const kLongestLine = 2048; // bytes of UTF-8; the service takes no longer one
 const kMostImages = 200;
 
@@ -53,7 +51,7 @@ class Receipt {
   get length() { return this.#items.length; }
 
   /** @param {string} value @param {{size?: number}} [options] */
-  text(value, { size = kNormal } = {}) {
+  text(value, { size = usual.size } = {}) {
     text('The text', value);
     const tooLong = linesOf(value).find((line) => Buffer.byteLength(line) > kLongestLine);
     if (tooLong !== undefined) {
@@ -65,14 +63,14 @@ class Receipt {
   }
 
   /** @param {string} value @param {{size?: number, width?: number}} [options] */
-  wrapped(value, { size = kNormal, width = kReceiptWidth } = {}) {
+  wrapped(value, { size = usual.size, width = usual.width } = {}) {
     text('The text', value);
     this.#items.push({ queue: raw.PrintTextByPaperWidth, content: value, values: [fontSize(size), paperWidth(width)] });
     return this;
   }
 
   /** @param {{size?: number}} [options] */
-  blank({ size = kNormal } = {}) {
+  blank({ size = usual.size } = {}) {
     return this.text('', { size });
   }
 

@@ -3,15 +3,16 @@
 const { performance } = require('node:perf_hooks');
 
 const { constants, records } = require('./tables');
-const { verdict, code, text, textThatIsNotEmpty, wait, wholeNumber, room, kTextSize } = require('./command');
+const {
+  verdict, code, rawReply, parsedReply, usual, flag, text, textThatIsNotEmpty, wait, wholeNumber, room, kTextSize,
+} = require('./command');
 const { weighing, printing } = require('./connection');
 const { decoded, encodedUtf8 } = require('./charset');
 const { readDecimal } = require('./decimal');
-const { TolvexError, UnreadableError, WaitTimeoutError } = require('./errors');
+const { TolvexError, WaitTimeoutError } = require('./errors');
 const raw = require('./raw');
 
 const kTareBytes = 10;
-const kUsualWait = 40000;
 
 /** @typedef {import('..').Reading} Reading */
 
@@ -108,50 +109,21 @@ function* version() {
   return parsedReply('getLCVersion', decoded(reply));
 }
 
-/**
- * The object in a reply that the library has read already.
- * @param {string} operation
- * @param {string} reply
- * @returns {Record<string, unknown>}
- */
-function parsedReply(operation, reply) {
-  try {
-    return JSON.parse(reply);
-  } catch {
-    throw new UnreadableError(operation, 'reply', reply);
-  }
-}
-
-/**
- * @param {string} command
- * @param {string} parameters
- * @param {number} timeout
- * @returns {import('./connection').Work<string>}
- */
-function* rawCommand(command, parameters, timeout) {
-  const reply = room();
-  try {
-    yield* code(raw.sendRawCmdToLC, encodedUtf8(command), encodedUtf8(parameters), reply, kTextSize, timeout);
-  } catch (error) {
-    if (error instanceof TolvexError) error.reply = decoded(reply);
-    throw error;
-  }
-  return decoded(reply);
-}
-
 /** @param {string} command @param {{parameters?: string, timeout?: number}} [options] */
-function rawCommandWork(command, { parameters = '', timeout = kUsualWait } = {}) {
-  return rawCommand(textThatIsNotEmpty('The command', command), text('The parameters', parameters), wait(timeout));
+function rawCommand(command, { parameters = '', timeout = usual.wait } = {}) {
+  const sent = encodedUtf8(textThatIsNotEmpty('The command', command));
+  const list = encodedUtf8(text('The parameters', parameters));
+  const limit = wait(timeout);
+  return rawReply(raw.sendRawCmdToLC, (reply) => [sent, list, reply, kTextSize, limit]);
 }
 
-/** @param {unknown} on */
+/** @param {boolean} on */
 function overloadAlarm(on) {
-  if (typeof on !== 'boolean') throw new TypeError('Whether the alarm is on has to be true or false.');
-  return code(raw.setOverloadAlarm, on ? 1 : 0);
+  return code(raw.setOverloadAlarm, flag('The overload alarm', on));
 }
 
 const timeIsUp = Symbol('time is up');
-const never = new Promise(() => {});
+const never = () => new Promise(() => {}); // one for each wait: it would remember all of them
 const kForever = 0x7fffffff;
 
 /**
@@ -199,9 +171,9 @@ class Scale {
   setOverloadAlarmSync(on) { return printing.runSync(overloadAlarm(on)); }
 
   /** @param {string} command @param {{parameters?: string, timeout?: number}} [options] */
-  async rawCommand(command, options) { return weighing.run(rawCommandWork(command, options)); }
+  async rawCommand(command, options) { return weighing.run(rawCommand(command, options)); }
   /** @param {string} command @param {{parameters?: string, timeout?: number}} [options] */
-  rawCommandSync(command, options) { return weighing.runSync(rawCommandWork(command, options)); }
+  rawCommandSync(command, options) { return weighing.runSync(rawCommand(command, options)); }
 
   get highResolution() { return raw.getHighResWeightMode() === 1; }
   set highResolution(on) { raw.setHighResWeightMode(on ? 1 : 0); }
@@ -223,7 +195,7 @@ class Scale {
       if (last.state === 'weight' && last.stable && where(last)) return last;
       const left = end - performance.now();
       if (left <= 0) throw new WaitTimeoutError(timeout, last);
-      await within(never, Math.min(interval, left), signal);
+      await within(never(), Math.min(interval, left), signal);
     }
   }
 
@@ -236,9 +208,9 @@ class Scale {
     for (;;) {
       signal?.throwIfAborted();
       yield /** @type {Reading} */ (await within(this.read(), kForever, signal));
-      await within(never, interval, signal);
+      await within(never(), interval, signal);
     }
   }
 }
 
-module.exports = { Scale, parsedReply };
+module.exports = { Scale };

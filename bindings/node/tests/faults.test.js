@@ -14,20 +14,6 @@ const ticket = new tolvex.Printer(tolvex.PrinterType.Ticket);
 before(() => simulator.connect());
 beforeEach(() => simulator.reset());
 
-// The first call after a connection was lost may fail, and the next one connects again.
-async function connectedAgain({ printing = true } = {}) {
-  for (let tries = 1; !(await tolvex.checkConnection()); tries += 1) assert.ok(tries < 3, 'no connection for weighing');
-  if (!printing) return;
-  for (let tries = 1; ; tries += 1) {
-    try {
-      await ticket.status();
-      return;
-    } catch (error) {
-      assert.ok(tries < 3, `no connection for printing: ${error}`);
-    }
-  }
-}
-
 test('paper that ends in the middle of a job is an error, and the receipt can be printed again', async () => {
   const receipt = new tolvex.Receipt();
   for (let i = 1; i <= 20; i += 1) receipt.wrapped(`line ${i}`);
@@ -69,7 +55,7 @@ test('a reply that is no JSON is an unreadable one', async () => {
 test('a connection that is reset instead of a reply is a failed exchange', async () => {
   await simulator.post('/api/faults', { kind: 'reset', command: 'getweight', times: 1 });
   await assert.rejects(scale.read(), { code: 4, codeName: 'SocketInterrupt', operation: 'read_standard' });
-  await connectedAgain();
+  await simulator.connectedAgain();
   assert.equal((await scale.read()).state, 'weight');
 });
 
@@ -86,7 +72,7 @@ test('a service that is gone is an error, and what is tried after its return wor
   await assert.rejects(new tolvex.Receipt().text('lost').print(), { name: 'TolvexError', operation: 'BeginPrint' });
   assert.equal(await tolvex.checkConnection(), false);
   await simulator.restart();
-  await connectedAgain();
+  await simulator.connectedAgain();
   await new tolvex.Receipt().text('found').print();
   const printed = simulator.requests('printing').join();
   assert.match(printed, /found/);
@@ -111,7 +97,7 @@ test('weights of another service are read exactly, or not at all', async (t) => 
     await simulator.restart();
   });
   reply = '{"result":"0"}';
-  await connectedAgain({ printing: false });
+  await simulator.connectedAgain({ printing: false });
 
   const weight = (members) => JSON.stringify({ result: '0', zero: '0', tareType: 'N', tare: '0', ...members });
   for (const [net, tare, expected] of [

@@ -50,6 +50,27 @@ async function restart() {
   seen = 0;
 }
 
+// The first call after a connection was lost may fail, and the next one connects again.
+async function connectedAgain({ printing = true } = {}) {
+  for (let tries = 1; !(await tolvex.checkConnection()); tries += 1) assert.ok(tries < 3, 'no connection for weighing');
+  if (!printing) return;
+  for (let tries = 1; ; tries += 1) {
+    try {
+      await new tolvex.Printer(tolvex.PrinterType.Ticket).status();
+      return;
+    } catch (error) {
+      assert.ok(tries < 3, `no connection for printing: ${error}`);
+    }
+  }
+}
+
+/** Ends all that the simulator keeps waiting, by another one in its place. */
+async function replace() {
+  await kill();
+  await restart();
+  await connectedAgain();
+}
+
 /** The bytes of the requests that have come since the last call, of one port or both, in their order. */
 function requests(port) {
   const lines = fs.readFileSync(recording, 'utf8').split('\n').filter(Boolean).map((line) => JSON.parse(line)).slice(1);
@@ -75,7 +96,7 @@ async function jobs() {
 }
 
 module.exports = {
-  connect, kill, restart, requests, reset, paper, jobs,
+  connect, kill, restart, replace, connectedAgain, requests, reset, paper, jobs,
   get: (path) => call('GET', path),
   patch: (path, body) => call('PATCH', path, body),
   post: (path, body) => call('POST', path, body),
