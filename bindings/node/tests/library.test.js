@@ -122,6 +122,22 @@ test('a 32-bit process is told to run the 64-bit Node.js', () => {
   }
 });
 
+test('a system for which there is no library is told where there is one', () => {
+  const platform = Object.getOwnPropertyDescriptor(process, 'platform');
+  const file = require.resolve('../lib/library');
+  const kept = require.cache[file];
+  delete require.cache[file];
+  Object.defineProperty(process, 'platform', { ...platform, value: 'darwin' });
+  try {
+    assert.throws(() => require('../lib/library').load(), {
+      name: 'LibraryNotLoadedError', message: /64-bit macOS process; needed is 64-bit Windows or Linux\.\nWhat to do: .*Windows and Linux only/,
+    });
+  } finally {
+    Object.defineProperty(process, 'platform', platform);
+    require.cache[file] = kept;
+  }
+});
+
 test('a library within an archive is looked for beside it', () => {
   const { outsideOfArchive } = require('../lib/library');
   assert.equal(outsideOfArchive('/opt/till/resources/app.asar/node_modules/tolvex/native/x.so'),
