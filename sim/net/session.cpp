@@ -144,18 +144,27 @@ void Session::write(std::size_t from, std::size_t to, Step next) {
 
 void Session::conclude() {
   port_.exchanger.delivered(delivery_, Clock::now());
+  const bool isAnswered = !delivery_.reply.empty();
   delivery_.reply = {};
   switch (delivery_.after) {
     case After::Keep:
       return answerNext();
     case After::Close:
-      return finish();
+      return isAnswered ? finish() : close();
     case After::Reset:
       return reset();
   }
 }
 
 void Session::lose() { port_.exchanger.lost(delivery_, Clock::now()); }
+
+// With no reply on its way, the end can be at once, as when a service is stopped: whoever sends again
+// learns it. What the client has sent already would make a reset of it.
+void Session::close() {
+  error_code ignored;
+  if (socket_.available(ignored) != 0) return finish();
+  socket_.close(ignored);
+}
 
 // Closing a socket with unread bytes resets the connection, and the reset may overtake the last
 // reply. So the rest of what the client sends is read away first, for a limited time.

@@ -44,6 +44,7 @@ class Session : public std::enable_shared_from_this<Session> {
   void write(std::size_t from, std::size_t to, Step next);
   void conclude();
   void lose();
+  void close();
   void finish();
   void drain();
   void reset();

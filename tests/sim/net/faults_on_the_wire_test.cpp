@@ -204,6 +204,17 @@ TEST_P(FaultsOnTheWire, AClosedConnectionEndsWithoutAReply) {
   EXPECT_EQ(onServer([this] { return traffic_.newest(); }), 2U);
 }
 
+TEST_P(FaultsOnTheWire, WhoSendsOnAClosedConnectionLearnsItAtOnce) {
+  breakWith(FaultKind::Close);
+  TestClient client(port());
+  client.send(request());
+  EXPECT_TRUE(client.endsWith(TestClient::End::Closed));
+  const auto sendOn = [&] {
+    for (int i = 0; i < 1000; ++i) client.send(kOther);
+  };
+  EXPECT_THROW(sendOn(), std::runtime_error);
+}
+
 TEST_P(FaultsOnTheWire, AResetConnectionEndsWithAnError) {
   breakWith(FaultKind::Reset);
   TestClient client(port());
