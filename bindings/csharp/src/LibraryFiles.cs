@@ -50,10 +50,11 @@ namespace Tolvex
         internal static string WhatIsWrong(string file, bool isWindows)
         {
             byte[] head;
+            long size;
             try
             {
                 if (!File.Exists(file)) return Directory.Exists(file) ? "is a folder" : "is missing";
-                head = Head(file);
+                head = Head(file, out size);
             }
             catch (Exception e) when (e is IOException || e is UnauthorizedAccessException)
             {
@@ -61,13 +62,16 @@ namespace Tolvex
             }
             string kind = Kind(head), needed = isWindows ? "64-bit Windows" : "64-bit Linux";
             if (kind == null) return "is no library, or damaged; needed is one for " + needed + " (x86-64)";
-            return kind == needed ? null : "is for " + kind + ", needed is " + needed;
+            if (kind != needed) return "is for " + kind + ", needed is " + needed;
+            long end = isWindows ? EndOfPe(head) : EndOfElf(head);
+            return size >= end ? null : "is cut short: it has " + size + " bytes of at least " + end;
         }
 
-        private static byte[] Head(string file)
+        private static byte[] Head(string file, out long length)
         {
             using (var stream = new FileStream(file, FileMode.Open, FileAccess.Read, FileShare.ReadWrite))
             {
+                length = stream.Length;
                 var head = new byte[HeadBytes];
                 int size = 0, read;
                 while (size < HeadBytes && (read = stream.Read(head, size, HeadBytes - size)) > 0) size += read;
@@ -88,7 +92,7 @@ namespace Tolvex
             }
             if (head.Length >= 64 && head[0] == 'M' && head[1] == 'Z')
             {
-                long at = (uint)(Two(head, 60) | (Two(head, 62) << 16));
+                long at = Four(head, 60);
                 if (at + 6 > head.Length || head[at] != 'P' || head[at + 1] != 'E') return null;
                 int machine = Two(head, (int)at + 4);
                 if (machine == 0x8664) return "64-bit Windows";
@@ -98,9 +102,48 @@ namespace Tolvex
             return null;
         }
 
+        // Up to where the head says that there is something. Loading a file that ends earlier would end the process.
+        private static long EndOfElf(byte[] head)
+        {
+            const int segmentBytes = 56;
+            if (head.Length < 64) return 64;
+            long end = Eight(head, 40) + Two(head, 58) * (long)Two(head, 60), start = Eight(head, 32);
+            for (int left = Two(head, 56); left > 0 && start >= 0 && start + segmentBytes <= head.Length; --left)
+            {
+                end = Math.Max(end, Eight(head, (int)start + 8) + Eight(head, (int)start + 32));
+                start += Two(head, 54);
+            }
+            return end;
+        }
+
+        private static long EndOfPe(byte[] head)
+        {
+            const int sectionBytes = 40;
+            int at = (int)Four(head, 60);
+            if (at + 24 > head.Length) return head.Length + 1;
+            long end = 0;
+            int start = at + 24 + Two(head, at + 20);
+            for (int left = Two(head, at + 6); left > 0 && start + sectionBytes <= head.Length; --left)
+            {
+                end = Math.Max(end, Four(head, start + 16) + Four(head, start + 20));
+                start += sectionBytes;
+            }
+            return end;
+        }
+
         private static int Two(byte[] bytes, int at)
         {
             return bytes[at] | (bytes[at + 1] << 8);
+        }
+
+        private static long Four(byte[] bytes, int at)
+        {
+            return (uint)(Two(bytes, at) | (Two(bytes, at + 2) << 16));
+        }
+
+        private static long Eight(byte[] bytes, int at)
+        {
+            return Four(bytes, at) | (Four(bytes, at + 4) << 32);
         }
     }
 }

@@ -31,9 +31,8 @@ namespace Tolvex
             int number = character.Length == 2 ? char.ConvertToUtf32(character[0], character[1]) : character[0];
             return new UnprintableTextException("The character " + Hexadecimal(number) + " (" + character + ") at position " +
                 index + " of \"" + Shown(text) + "\" is not in " + codePage + ", the system's ANSI code page, in which " +
-                "receipts are queued. What to do: print this text past the queue with Printer.PrintText, have the " +
-                "application run under UTF-8 (Windows: in its manifest; Linux: LC_ALL=C.UTF-8), or let the receipt replace " +
-                "such characters by \"?\".", parameter, character, index, codePage);
+                "receipts are queued. What to do: " + Remedy(parameter == "path") + ", or have the application run under UTF-8 " +
+                "(Windows: in its manifest; Linux: LC_ALL=C.UTF-8).", parameter, character, index, codePage);
         }
 
         internal static UnprintableTextException HalfCharacter(string text, int index, string codePage, string parameter)
@@ -41,6 +40,12 @@ namespace Tolvex
             return new UnprintableTextException("The unit " + Hexadecimal(text[index]) + " at position " + index +
                 " of the text is half of a surrogate pair, which is no character. What to do: look at where the text was " +
                 "cut or joined.", parameter, text.Substring(index, 1), index, codePage);
+        }
+
+        private static string Remedy(bool isPath)
+        {
+            return isPath ? "give the file another name, print it past the queue with Printer.PrintImage"
+                : "print this text past the queue with Printer.PrintText, let the receipt replace such characters by \"?\"";
         }
 
         private static string Hexadecimal(int number)

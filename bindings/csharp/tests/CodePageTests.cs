@@ -15,6 +15,17 @@ namespace Tolvex.Tests
             StringAssert.EndsWith("\"text\":\"" + text + "\"}", requests[1]);
         }
 
+        // The simulator answers whether there is a picture. The library sends its copy, or the path where it could not make
+        // one: names of files are UTF-8 to .NET, whatever the locale.
+        protected void CheckPrintsPicture(string name)
+        {
+            string file = Picture(name);
+            new Receipt().Image(file).Print(JobType.Ticket);
+            new Printer(PrinterType.Ticket).PrintImage(file);
+            StringAssert.IsMatch("/(prt_[0-9]+.bmp|" + name + ")\"}$", Printed(3)[0]);
+            StringAssert.Contains("/" + name + "\"", Printed(3)[2]);
+        }
+
         protected void CheckRefuses(string text, int index, string number, string set)
         {
             var receipt = new Receipt().Text("before").Text(text);
@@ -40,6 +51,12 @@ namespace Tolvex.Tests
     public class GbkTests : CodePageTests
     {
         [Test]
+        public void PrintsAPictureByItsName()
+        {
+            CheckPrintsPicture("苹果.bmp");
+        }
+
+        [Test]
         public void PrintsWhatTheCodePageHas()
         {
             CheckPrints("苹果 1.44 Яблоки é");
@@ -62,6 +79,12 @@ namespace Tolvex.Tests
     public class Cp1251Tests : CodePageTests
     {
         [Test]
+        public void PrintsAPictureByItsName()
+        {
+            CheckPrintsPicture("Яблоки.bmp");
+        }
+
+        [Test]
         public void PrintsWhatTheCodePageHas()
         {
             CheckPrints("Яблоки 1.44 €");
@@ -77,6 +100,21 @@ namespace Tolvex.Tests
     [TestFixture]
     public class Latin1Tests : CodePageTests
     {
+        [Test]
+        public void RefusesAPictureWhoseNameItDoesNotHave()
+        {
+            var receipt = new Receipt { ReplacesUnprintable = true }.Text("x").Image(Picture("Яблоки.bmp"));
+            var refused = Assert.Throws<UnprintableTextException>(() => receipt.Print());
+            StringAssert.Contains("Printer.PrintImage", refused.Message);
+            Assert.AreEqual(0, Printed(0).Count);
+        }
+
+        [Test]
+        public void PrintsAPictureByItsName()
+        {
+            CheckPrintsPicture("Äpfel.bmp");
+        }
+
         [Test]
         public void PrintsWhatTheCodePageHas()
         {
@@ -107,6 +145,12 @@ namespace Tolvex.Tests
     [TestFixture]
     public class Utf8Tests : CodePageTests
     {
+        [Test]
+        public void PrintsAPictureByItsName()
+        {
+            CheckPrintsPicture("Äpfel 苹果.bmp");
+        }
+
         [Test]
         public void PrintsAllScripts()
         {

@@ -1,5 +1,6 @@
 using System;
 using System.Collections.Generic;
+using System.IO;
 using NUnit.Framework;
 
 namespace Tolvex.Tests
@@ -39,6 +40,24 @@ namespace Tolvex.Tests
         protected List<string> Printed(int count)
         {
             return Sim.Requests("printing", printed, count);
+        }
+
+        // A picture of 8 x 1 black pixels.
+        protected string Picture(string name)
+        {
+            string file = Path.Combine(Sim.Folder, name);
+            var bytes = new byte[54 + 24];
+            bytes[0] = (byte)'B';
+            bytes[1] = (byte)'M';
+            bytes[2] = (byte)bytes.Length;
+            bytes[10] = 54;
+            bytes[14] = 40;
+            bytes[18] = 8;
+            bytes[22] = 1;
+            bytes[26] = 1;
+            bytes[28] = 24;
+            File.WriteAllBytes(file, bytes);
+            return file;
         }
 
         protected static string Line(string text, int size = 24)

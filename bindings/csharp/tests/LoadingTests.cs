@@ -158,6 +158,23 @@ namespace Tolvex.Tests
             return head;
         }
 
+        private static byte[] WithoutVersion(byte[] library)
+        {
+            library[6] = 0;
+            return library;
+        }
+
+        // The system would read behind the end of such a file, which ends the process.
+        [Test]
+        public void AFileThatIsCutShortIsTold()
+        {
+            byte[] whole = File.ReadAllBytes(Real);
+            foreach (int size in new[] { 20, 63, 64, 4096, whole.Length / 2, whole.Length - 1 })
+            {
+                StringAssert.Contains("is cut short: it has " + size + " bytes of at least ", Refused(whole.Take(size).ToArray()));
+            }
+        }
+
         private string Refused(byte[] content)
         {
             string file = Path.Combine(folder, Name);
@@ -181,7 +198,7 @@ namespace Tolvex.Tests
             StringAssert.Contains("is for 32-bit Windows, needed is 64-bit Linux", Refused(Pe(0x14C)));
             StringAssert.Contains("is for 64-bit Windows, needed is 64-bit Linux", Refused(Pe(0x8664)));
             StringAssert.Contains("is for Windows on another processor (PE machine 0xaa64)", Refused(Pe(0xAA64)));
-            StringAssert.Contains(Name + ": cannot read file data", Refused(File.ReadAllBytes(Real).Take(64).ToArray()));
+            StringAssert.Contains(Name + ": ELF file version ident does not match current one", Refused(WithoutVersion(File.ReadAllBytes(Real))));
             StringAssert.Contains("is a folder", Assert.Throws<LibraryNotLoadedException>(() => Library.Load(folder)).Message);
             Assert.Throws<ArgumentException>(() => Library.Load(""));
         }
@@ -229,8 +246,18 @@ namespace Tolvex.Tests
             string file = Path.Combine(folder, "x.dll");
             File.WriteAllBytes(file, Elf(2, 62));
             Assert.AreEqual("is for 64-bit Linux, needed is 64-bit Windows", LibraryFiles.WhatIsWrong(file, true));
-            File.WriteAllBytes(file, Pe(0x8664));
+            byte[] library = Pe(0x8664);
+            Array.Resize(ref library, 600);
+            library[70] = 1; // one section of 100 bytes, at 500
+            library[88 + 16] = 100;
+            library[88 + 20] = 500 & 0xFF;
+            library[88 + 21] = 500 >> 8;
+            File.WriteAllBytes(file, library);
             Assert.IsNull(LibraryFiles.WhatIsWrong(file, true));
+            File.WriteAllBytes(file, library.Take(599).ToArray());
+            Assert.AreEqual("is cut short: it has 599 bytes of at least 600", LibraryFiles.WhatIsWrong(file, true));
+            File.WriteAllBytes(file, library.Take(80).ToArray());
+            StringAssert.StartsWith("is cut short", LibraryFiles.WhatIsWrong(file, true));
         }
     }
 }

@@ -10,24 +10,6 @@ namespace Tolvex.Tests
     {
         private static readonly Printer ticket = new Printer(PrinterType.Ticket);
 
-        private string Picture()
-        {
-            string file = Path.Combine(Sim.Folder, "black.bmp");
-            // 8 x 1 pixels of 24 bits
-            var bytes = new byte[54 + 24];
-            bytes[0] = (byte)'B';
-            bytes[1] = (byte)'M';
-            bytes[2] = (byte)bytes.Length;
-            bytes[10] = 54;
-            bytes[14] = 40;
-            bytes[18] = 8;
-            bytes[22] = 1;
-            bytes[26] = 1;
-            bytes[28] = 24;
-            File.WriteAllBytes(file, bytes);
-            return file;
-        }
-
         [Test]
         public void SendsItsLinesThenConfirmsAndCuts()
         {
@@ -47,7 +29,7 @@ namespace Tolvex.Tests
         [Test]
         public void PrintsImages()
         {
-            new Receipt().Text("with a picture").Image(Picture(), 90).Print(JobType.Ticket);
+            new Receipt().Text("with a picture").Image(Picture("black.bmp"), 90).Print(JobType.Ticket);
             string request = Printed(3)[1];
             StringAssert.StartsWith("{\"cmd\":\"printbmpfile\",\"printerType\":\"1\",\"angle\":\"90\",\"filename\":\"/", request);
             StringAssert.EndsWith(".bmp\"}", request);
@@ -116,7 +98,7 @@ namespace Tolvex.Tests
         [Test]
         public void MoreImagesThanTheLibraryKeepsAreRefused()
         {
-            string picture = Picture();
+            string picture = Picture("black.bmp");
             var receipt = new Receipt();
             for (int count = 0; count < 200; ++count) receipt.Image(picture);
             Assert.Throws<InvalidOperationException>(() => receipt.Image(picture));
@@ -167,13 +149,13 @@ namespace Tolvex.Tests
         {
             ticket.PrintText("Äpfel 苹果 😀", 28);
             ticket.PrintWrapped("long", 24, 72);
-            ticket.PrintImage(Picture(), 180);
+            ticket.PrintImage(Picture("black.bmp"), 180);
             ticket.Cut();
             CollectionAssert.AreEqual(new[]
             {
                 Line("Äpfel 苹果 😀", 28),
                 "{\"cmd\":\"print_text_width\",\"printerType\":\"1\",\"fontsize\":\"24\",\"width\":\"576\",\"text\":\"long\"}",
-                "{\"cmd\":\"printbmpfile\",\"printerType\":\"1\",\"angle\":\"180\",\"filename\":\"" + Picture() + "\"}",
+                "{\"cmd\":\"printbmpfile\",\"printerType\":\"1\",\"angle\":\"180\",\"filename\":\"" + Picture("black.bmp") + "\"}",
                 Cut
             }, Printed(4));
             Assert.Throws<ArgumentOutOfRangeException>(() => ticket.PrintText("x", 0));

@@ -15,7 +15,7 @@ namespace Tolvex.Tests
         private static readonly TimeSpan limit = TimeSpan.FromSeconds(30);
 
         private readonly BlockingCollection<string> lines = new BlockingCollection<string>();
-        private readonly string record, errors;
+        private readonly string record, arguments;
         private Process process;
 
         public Simulator(string moreArguments = "")
@@ -23,7 +23,7 @@ namespace Tolvex.Tests
             Folder = Path.Combine(Path.GetTempPath(), "tolvex-csharp-" + Guid.NewGuid().ToString("N"));
             Directory.CreateDirectory(Folder);
             record = Path.Combine(Folder, "record.jsonl");
-            errors = moreArguments;
+            arguments = moreArguments;
             Start();
         }
 
@@ -48,7 +48,7 @@ namespace Tolvex.Tests
             process = new Process
             {
                 StartInfo = new ProcessStartInfo(Needed("ZELKAD_SIM"), "--address " + Address + " --no-web --console --quiet --settling 0 --record " +
-                    record + " --paper-dir " + Path.Combine(Folder, "paper") + " " + errors)
+                    record + " --paper-dir " + Path.Combine(Folder, "paper") + " " + arguments)
                 {
                     UseShellExecute = false,
                     RedirectStandardInput = true,
