@@ -1,4 +1,5 @@
 using System;
+using System.Diagnostics;
 using System.Linq;
 using System.Reflection;
 using System.Threading.Tasks;
@@ -47,6 +48,7 @@ namespace Tolvex.Tests
         private static bool Passes(object tests, MethodInfo test)
         {
             Exception failure = null;
+            Stopwatch watch = Stopwatch.StartNew();
             try
             {
                 All(tests, typeof(SetUpAttribute));
@@ -56,7 +58,8 @@ namespace Tolvex.Tests
             {
                 failure = e;
             }
-            Console.WriteLine((failure == null ? "ok      " : "FAILED  ") + test.Name + (failure == null ? "" : "\n" + failure));
+            string line = (failure == null ? "ok      " : "FAILED  ") + test.Name + ", " + watch.ElapsedMilliseconds + " ms";
+            Console.WriteLine(failure == null ? line : line + "\n" + failure);
             return failure == null;
         }
 

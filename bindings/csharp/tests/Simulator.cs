@@ -66,8 +66,7 @@ namespace Tolvex.Tests
 
         public void Kill()
         {
-            process.Kill();
-            process.WaitForExit();
+            End();
             while (Next("the simulator's end") != "(the simulator has ended)")
             {
             }
@@ -75,9 +74,14 @@ namespace Tolvex.Tests
 
         public void Dispose()
         {
-            if (!process.HasExited) process.Kill();
-            process.WaitForExit();
+            if (!process.HasExited) End();
             Directory.Delete(Folder, true);
+        }
+
+        private void End()
+        {
+            process.Kill();
+            if (!process.WaitForExit((int)limit.TotalMilliseconds)) throw new TimeoutException("waited for the simulator to end");
         }
 
         // ---- What is done at its console ----
