@@ -188,8 +188,12 @@ namespace Tolvex.Tests
         [Test]
         public void WhatGoesOnBehindATaskDoesNotKeepTheConnection()
         {
-            Task<Reading> nested = scale.ReadAsync().ContinueWith(
-                first => Ended(scale.ReadAsync()), TaskContinuationOptions.ExecuteSynchronously);
+            Task<Reading> nested;
+            using (new Turn(Connection.Weighing))
+            {
+                nested = scale.ReadAsync().ContinueWith(
+                    first => Ended(scale.ReadAsync()), TaskContinuationOptions.ExecuteSynchronously);
+            }
             Assert.AreEqual(0m, Ended(nested).Net);
         }
 
@@ -245,8 +249,16 @@ namespace Tolvex.Tests
             Sim.Do("load 0.5");
             new UserInterface().Run(() =>
             {
-                Assert.AreEqual(0.5m, scale.WaitStableAsync(limit).Result.Net);
-                new Receipt().Text("x").PrintAsync(JobType.Ticket).Wait();
+                Task<Reading> reading;
+                Task printing;
+                using (new Turn(Connection.Weighing))
+                using (new Turn(Connection.Printing))
+                {
+                    reading = scale.WaitStableAsync(limit);
+                    printing = new Receipt().Text("x").PrintAsync(JobType.Ticket);
+                }
+                Assert.AreEqual(0.5m, Ended(reading).Net);
+                Assert.IsTrue(printing.Wait(limit), "waited for the receipt");
                 return Task.FromResult(true);
             });
         }
