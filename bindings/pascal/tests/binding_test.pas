@@ -175,7 +175,7 @@ begin
   finally
     Printer.Free;
   end;
-  Fail('the simulator does not answer');
+  Fail('the simulator does not answer; it ' + Sim.State);
 end;
 
 procedure TSimulatorTest.SetUp;
@@ -1453,7 +1453,8 @@ begin
   while not ServiceAnswers do
   begin
     Inc(Tries);
-    CheckTrue(Tries < 20, 'the simulator answers');
+    if Tries >= 20 then
+      Fail('the simulator does not answer; it ' + Sim.State);
   end;
   Scale := TScale.Create;
   try

@@ -20,6 +20,7 @@ type
     FRest: string;
     function ReadLine(const AWaitingFor: string): string;
     procedure WriteLine(const ALine: string);
+    procedure EndWithTheTest(ASender: TObject);
     procedure Launch(const AOptions: array of string);
   public
     // Starts it at the address of the environment variable TOLVEX_TEST_ADDRESS, and waits until it is ready.
@@ -29,6 +30,8 @@ type
     destructor Destroy; override;
     // A line of the console; the lines of its answer without the "ok". Raises if it is refused.
     function Type_(const ALine: string): string;
+    // Whether it runs, and what it said that nobody read, for messages of failures.
+    function State: string;
     // Ends it at once, as a service that crashes.
     procedure Kill;
     // The requests that it got since it was started, oldest first, as they came over the wire. With a command,
@@ -61,6 +64,22 @@ begin
   ForceDirectories(Result);
 end;
 
+{$IFDEF UNIX}
+function c_prctl(AOption, AValue: PtrInt): Integer; cdecl; varargs; external 'c' name 'prctl';
+
+// In the simulator's process before its program begins: a test that crashes must not leave its address taken.
+procedure TSimulator.EndWithTheTest(ASender: TObject);
+const
+  ParentDeathSignal = 1; // PR_SET_PDEATHSIG
+begin
+  c_prctl(ParentDeathSignal, 9);
+end;
+{$ELSE}
+procedure TSimulator.EndWithTheTest(ASender: TObject);
+begin
+end;
+{$ENDIF}
+
 procedure TSimulator.Launch(const AOptions: array of string);
 var
   I: Integer;
@@ -74,6 +93,9 @@ begin
   for I := 0 to High(AOptions) do
     FProcess.Parameters.Add(AOptions[I]);
   FProcess.Options := [poUsePipes, poStderrToOutPut];
+{$IFDEF UNIX}
+  FProcess.OnForkEvent := @EndWithTheTest;
+{$ENDIF}
   FProcess.Execute;
   while ReadLine('the simulator to be ready') <> 'zelkad-sim: ready' do ;
 end;
@@ -121,6 +143,23 @@ begin
   inherited Destroy;
 end;
 
+function TSimulator.State: string;
+var
+  Buffer: array[0..4095] of Char;
+  Count: Integer;
+begin
+  if FProcess.Running then
+    Result := 'runs'
+  else
+    Result := 'ended with ' + IntToStr(FProcess.ExitStatus);
+  Count := FProcess.Output.NumBytesAvailable;
+  if Count > SizeOf(Buffer) then
+    Count := SizeOf(Buffer);
+  if Count > 0 then
+    Count := FProcess.Output.Read(Buffer, Count);
+  Result := Result + ' and said: ' + FRest + Copy(Buffer, 1, Count);
+end;
+
 procedure TSimulator.Kill;
 begin
   if FProcess.Running then
@@ -133,7 +172,9 @@ var
   Start: QWord;
   Buffer: array[0..4095] of Char;
   Count, Position: Integer;
+  HasEnded: Boolean;
 begin
+  HasEnded := False;
   Start := GetTickCount64;
   repeat
     Position := Pos(#10, FRest);
@@ -153,8 +194,11 @@ begin
       Move(Buffer, PChar(Result)^, Count);
       FRest := FRest + Result;
     end
+    else if HasEnded then
+      raise ESimulator.CreateFmt('the simulator ended with %d while the test waited for %s; it said: %s',
+        [FProcess.ExitStatus, AWaitingFor, FRest])
     else if not FProcess.Running then
-      raise ESimulator.Create('the simulator ended while the test waited for ' + AWaitingFor + '; it said: ' + FRest)
+      HasEnded := True // and its last words may have come meanwhile
     else if GetTickCount64 - Start > LongestWait then
       raise ESimulator.Create('waited in vain for ' + AWaitingFor)
     else
