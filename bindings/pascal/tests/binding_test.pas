@@ -21,6 +21,8 @@ uses
   Classes, SysUtils, Math, fpcunit, tolvex, simulator;
 
 type
+  TIsThere = function: Boolean;
+
   // A simulator of its own for each test, and texts compared as what they are.
   TSimulatorTest = class(TTestCase)
   protected
@@ -28,6 +30,7 @@ type
     procedure SetUp; override;
     procedure TearDown; override;
     procedure Restart;
+    procedure AwaitAnswer(AIsThere: TIsThere; const AWhat: string);
     procedure Same(const AExpected, AGot: UnicodeString);
     procedure SameBytes(const AExpected, AGot: RawByteString);
     procedure SameAmount(AExpected, AGot: Currency);
@@ -150,32 +153,34 @@ type
 var
   Address: UnicodeString;
 
-procedure TSimulatorTest.Restart;
+// The first call on each connection may fail after the service was restarted.
+procedure TSimulatorTest.AwaitAnswer(AIsThere: TIsThere; const AWhat: string);
+const
+  LongestWait = 30000; // milliseconds
 var
-  Tries: Integer;
-  Printer: TPosPrinter;
+  Start: QWord;
+begin
+  Start := GetTickCount64;
+  while not AIsThere() do
+  begin
+    if GetTickCount64 - Start > LongestWait then
+      Fail('waited in vain for ' + AWhat + ' of the simulator, which ' + Sim.State);
+    Sleep(10);
+  end;
+end;
+
+function PrinterAnswers: Boolean;
+begin
+  Result := GetPrinterStatus(ptTicket) = 0;
+end;
+
+procedure TSimulatorTest.Restart;
 begin
   Sim.Free;
   Sim := nil;
   Sim := TSimulator.Create;
-  // The first call on each connection may fail after the service was restarted.
-  Printer := TPosPrinter.Create(ptTicket);
-  try
-    for Tries := 1 to 20 do
-    begin
-      if not ServiceAnswers then
-        Continue;
-      try
-        if Printer.Status.Ready then
-          Exit;
-      except
-        on ETolvexError do ;
-      end;
-    end;
-  finally
-    Printer.Free;
-  end;
-  Fail('the simulator does not answer; it ' + Sim.State);
+  AwaitAnswer(@ServiceAnswers, 'a sign of life');
+  AwaitAnswer(@PrinterAnswers, 'a printer');
 end;
 
 procedure TSimulatorTest.SetUp;
@@ -185,7 +190,12 @@ begin
     Address := UnicodeString(Needed('TOLVEX_TEST_ADDRESS'));
     SetServer(Address);
   end;
-  Restart;
+  try
+    Restart;
+  except
+    TearDown; // which is not called after a failure here
+    raise;
+  end;
 end;
 
 procedure TSimulatorTest.TearDown;
@@ -1082,7 +1092,7 @@ begin
   CheckFalse(ServiceAnswers);
   OpenCashDrawer;
   Sim.Type_('wire off');
-  CheckTrue(ServiceAnswers or ServiceAnswers);
+  AwaitAnswer(@ServiceAnswers, 'a sign of life');
 end;
 
 // ---- Threads ----
@@ -1437,25 +1447,17 @@ begin
   SetServer(UnicodeString(Needed('TOLVEX_TEST_ADDRESS')));
 end;
 
-// What is read of a reply with these members. The first call after a start of the service may find the old
-// connection, and is done again.
+// What is read of a reply with these members.
 function TReplies.ReadingOf(const AMembers: string): TReading;
 const
   Ask = '{"cmd":"checkConnection"} -> {"result":"0"}';
 var
   Scale: TScale;
-  Tries: Integer;
 begin
   Sim.Free;
   Sim := nil;
   Sim := TSimulator.Create([Ask, '{"cmd":"getweight"} -> {"result":"0",' + AMembers + '}']);
-  Tries := 1;
-  while not ServiceAnswers do
-  begin
-    Inc(Tries);
-    if Tries >= 20 then
-      Fail('the simulator does not answer; it ' + Sim.State);
-  end;
+  AwaitAnswer(@ServiceAnswers, 'a sign of life');
   Scale := TScale.Create;
   try
     Result := Scale.Read;
