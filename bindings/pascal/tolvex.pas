@@ -3188,11 +3188,12 @@ end;
 
 constructor TScaleThread.Create(AIntervalMs: Integer);
 begin
+  // First, since a thread that was not created can not be destroyed.
+  inherited Create(True);
   CheckRange('The interval', AIntervalMs, 1, 60000);
   FInterval := AIntervalMs;
   FScale := TScale.Create;
   FWake := TEvent.Create(nil, True, False, '');
-  inherited Create(True);
 end;
 
 destructor TScaleThread.Destroy;

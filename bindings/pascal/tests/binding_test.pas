@@ -98,6 +98,7 @@ type
     procedure ReceiptsOfTwoThreadsDoNotMix;
     procedure AScaleThreadReportsReadingsAndErrorsInTheMainThread;
     procedure AWorkerDoesNotHoldUpTheMainThread;
+    procedure ThreadsThatNeverRanAreFreed;
   end;
 
   TExports = class(TSimulatorTest)
@@ -1281,6 +1282,19 @@ begin
     Printer.Free;
     FScale.Free;
   end;
+end;
+
+procedure TThreads.ThreadsThatNeverRanAreFreed;
+begin
+  try
+    TScaleThread.Create(0);
+    Fail('an interval of 0');
+  except
+    on E: EArgumentException do
+      Has('The interval is 0', MessageOf(E));
+  end;
+  TScaleThread.Create(100).Free;
+  TTolvexWorker.Create.Free;
 end;
 
 // ---- Exports ----
