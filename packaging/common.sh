@@ -124,9 +124,15 @@ is_for_users() {
   case $1 in
     docs/development.md | docs/performance.md | examples/CMakeLists.txt) return 1 ;;
     docs/*/*) return 1 ;;
-    docs/*.md | docs/*.png | docs/*.svg | examples/* | sim/README.md | CHANGELOG.md) return 0 ;;
+    docs/*.md | docs/*.png | docs/*.svg | examples/* | sim/README.md | bindings/*/README.md | CHANGELOG.md) return 0 ;;
     *) return 1 ;;
   esac
+}
+
+# What the README of a binding is called among the documents: bindings-python.md.
+binding_guide() {
+  local language=${1%/README.md}
+  echo "bindings-${language#bindings/}.md"
 }
 
 # Documents, the reference made of the header, and examples, with links that fit. The folders are within
@@ -142,12 +148,14 @@ documents() {
     for file in $(git_files docs); do
       if is_for_users "$file"; then printf '%s\t%s/%s\n' "$file" "$docs" "${file#docs/}"; fi
     done
+    for file in bindings/*/README.md; do printf '%s\t%s/%s\n' "$file" "$docs" "$(binding_guide "$file")"; done
   } >"$map"
-  for file in CHANGELOG.md sim/README.md $(git_files docs examples); do
+  for file in CHANGELOG.md sim/README.md bindings/*/README.md $(git_files docs examples); do
     is_for_users "$file" || continue
     case $file in
       CHANGELOG.md) target=$5 ;;
       sim/README.md) target=$docs/zelkad-sim.md ;;
+      bindings/*) target=$docs/$(binding_guide "$file") ;;
       docs/*) target=$docs/${file#docs/} ;;
       examples/*) target=$examples/${file#examples/} ;;
     esac
