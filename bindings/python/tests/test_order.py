@@ -14,12 +14,13 @@ import tempfile
 import threading
 import unittest
 from decimal import Decimal
+from types import FrameType
 from typing import Any, Coroutine, List
 
 from support import ADDRESS, WAIT, WEIGHT, Service, environment, python
 
 import tolvex
-from tolvex import Receipt, aio
+from tolvex import Receipt, _calls, aio
 
 
 class Order(unittest.TestCase):
@@ -253,6 +254,37 @@ class Order(unittest.TestCase):
         self.assertEqual(child.returncode, 0)
         sent = [json.loads(text).get("text", json.loads(text)["cmd"]) for text in self.service.received]
         self.assertEqual(sent, ["one", "two", "beginPrint", "cutPaper", "next", "beginPrint", "cutPaper"])
+
+    def test_an_interruption_at_any_step_lets_go_of_the_connection(self) -> None:
+        passed: List[str] = []
+
+        def interrupt(frame: FrameType, event: str, _: Any) -> Any:
+            # Where Ctrl-C can come as well: when a function begins, and when it ends.
+            if frame.f_code.co_filename == _calls.__file__ and event in ("call", "return"):
+                passed.append(f"{event} {frame.f_code.co_name}")
+                if len(passed) > done:
+                    sys.settrace(None)
+                    raise KeyboardInterrupt
+            return interrupt
+
+        before = sys.gettrace()
+        for done in range(50):
+            passed.clear()
+            try:
+                sys.settrace(interrupt)
+                tolvex.open_cash_drawer()
+                break
+            except KeyboardInterrupt:
+                pass
+            finally:
+                sys.settrace(before)
+            other = threading.Thread(target=tolvex.open_cash_drawer, daemon=True)
+            other.start()
+            other.join(WAIT)
+            self.assertFalse(other.is_alive(), f"another thread waited {WAIT} s after {passed}")
+        else:
+            self.fail(f"the call never came to its end: {passed}")
+        self.assertGreater(done, 3)
 
     @unittest.skipIf(sys.platform == "win32", "a copy of python.exe needs its DLLs")
     def test_programs_of_some_names_are_told_no_tare(self) -> None:

@@ -1,7 +1,7 @@
 """Calls of the library that raise what they failed with, one at a time on each connection."""
 
 import threading
-from typing import Any, Callable, Container, List, TypeVar
+from typing import Any, Callable, Container, ContextManager, List, TypeVar
 
 from . import _exports
 from ._errors import error_of_code, error_of_verdict
@@ -23,13 +23,15 @@ class Connection:
     def __init__(self) -> None:
         self._lock = threading.RLock()
 
-    def __enter__(self) -> None:
+    def held(self) -> ContextManager[Any]:
+        """What holds it, in a with statement.
+
+        It is the lock itself: with an __enter__ of Python's own, Ctrl-C could come between taking the lock and
+        the statement's body, and nothing would let go of it.
+        """
         # A fork has the lock in the state that it had in its parent.
         process.check()
-        self._lock.acquire()
-
-    def __exit__(self, *_: object) -> None:
-        self._lock.release()
+        return self._lock
 
     def answer(self, function: Callable[..., int], *arguments: Any, accepted: Container[int]) -> int:
         """Calls a function, and gives its answer if that is one of the accepted ones.
@@ -37,7 +39,7 @@ class Connection:
         Raises:
             TolvexError: It is another one, with the last error as its reason.
         """
-        with self:
+        with self.held():
             answer = function(*arguments)
             if answer in accepted:
                 return answer
@@ -58,7 +60,7 @@ class Connection:
         Raises:
             TolvexError: It failed.
         """
-        with self:
+        with self.held():
             code = function(*arguments)
         if code != 0:
             raise error_of_code(function.__name__, code)

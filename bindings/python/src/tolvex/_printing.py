@@ -106,7 +106,7 @@ class Printer:
         Raises:
             TolvexError: The service did not tell: it does not answer, for example.
         """
-        with printing:
+        with printing.held():
             return status_of(_exports.GetPrinterStatus(self.type))
 
     def print_text(self, text: str, size: int = 24) -> None:
@@ -308,7 +308,7 @@ class PrinterSettings:
         name, values = utf8(command, "the command"), utf8(parameters, "the parameters")
         passed = number(value, "the value", INT_MIN)
         wait = milliseconds(timeout)
-        with printing:
+        with printing.held():
             code = _exports.sendRawCmdToPrt(self._name, name, passed, values, reply, REPLY_BYTES, wait)
         if code != 0:
             raise error_of_code("sendRawCmdToPrt", code, decoded(reply) or None)

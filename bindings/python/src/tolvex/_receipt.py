@@ -96,7 +96,7 @@ _left: List[Queued] = []
 
 
 def send(calls: List[Queued], job_type: int) -> None:
-    with printing:
+    with printing.held():
         if calls[: len(_left)] != _left:
             raise QueueNotEmpty(len(_left))
         for call in calls[len(_left) :]:

@@ -312,7 +312,7 @@ class Scale:
         """
         name, values = utf8(command, "the command"), utf8(parameters, "the parameters")
         reply = bytearray(REPLY_BYTES + 1)
-        with weighing:
+        with weighing.held():
             code = _exports.sendRawCmdToLC(name, values, reply, REPLY_BYTES, milliseconds(timeout))
         if code != 0:
             raise error_of_code("sendRawCmdToLC", code, decoded(reply) or None)

@@ -35,7 +35,7 @@ def set_server(address: Union[str, IPv4Address]) -> None:
 
 def check_connection() -> bool:
     """Asks whether the service answers on the connection for weighing, whatever it answers."""
-    with weighing:
+    with weighing.held():
         return _exports.checkConnection() == 1
 
 
