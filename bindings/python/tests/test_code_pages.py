@@ -7,8 +7,6 @@ import codecs
 import json
 import os
 import unittest
-import unittest.mock
-from pathlib import Path
 from typing import Dict, List, Tuple
 
 from support import SimulatorTest
@@ -75,15 +73,16 @@ class CodePages(SimulatorTest):
             tolvex.Printer(1).print_text(text)
         self.assertEqual(self.printed(), self.encodable + self.others)
 
-    def test_the_name_of_an_image_is_never_replaced(self) -> None:
-        for character in self.others:
-            path = self.simulator.folder / "image.bmp"
-            path.write_bytes(b"x")
-            receipt = Receipt(errors="replace").image(path)
-            named = receipt._lines[0]._replace(path=str(path.with_name(character + ".bmp")))  # type: ignore[call-arg]
-            with unittest.mock.patch.object(Path, "is_file", return_value=True):
-                with self.assertRaises(tolvex.UnprintableText):
-                    named.prepared("replace")
+    def test_the_name_of_an_image_is_never_replaced_and_the_remedy_is_another_name(self) -> None:
+        for character in [*self.others, "\udce9"]:
+            with self.subTest(character=character):
+                with self.assertRaises(tolvex.UnprintableText) as caught:
+                    Receipt(errors="replace").image(f"/{character}.bmp").print()
+                self.assertEqual((caught.exception.position, caught.exception.character), (1, character))
+                said = str(caught.exception)
+                self.assertIn("What to do: Give the image a path without this character", said)
+                self.assertNotIn('errors="replace"', said)
+        self.assertEqual(self.simulator.requests(), [])
 
     def test_every_character_comes_out_or_is_refused(self) -> None:
         encodable = []

@@ -18,6 +18,7 @@ class Errors(unittest.TestCase):
             (unreadable("read_standard", "Nothing came."), ("code", "meaning")),
             (tolvex.StableWeightTimeout(reading, 1.5), ("last", "timeout")),
             (tolvex.UnprintableText("a€", 1, "GBK"), ("text", "character", "position", "code_page")),
+            (tolvex.UnprintableText("/€.bmp", 1, "GBK", is_path=True), ("text", "is_path")),
             (tolvex.LibraryNotLoaded([("x", "is missing")], "p", "n", "r"), ("tried", "process", "needed", "remedy")),
             (tolvex.QueueNotEmpty(3), ("lines",)),
         ):

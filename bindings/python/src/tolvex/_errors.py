@@ -123,10 +123,12 @@ class UnprintableText(ValueError):
         character: The first such character.
         position: Where it stands in the text, counted from 0.
         code_page: The encoding that does not have it.
+        is_path: Whether the text is the path of an image, which is never changed.
     """
 
-    def __init__(self, text: str, position: int, code_page: str) -> None:
+    def __init__(self, text: str, position: int, code_page: str, is_path: bool = False) -> None:
         self.text = text
+        self.is_path = is_path
         self.position = position
         self.character = text[position]
         self.code_page = code_page
@@ -146,10 +148,12 @@ class UnprintableText(ValueError):
                 "Print it past the queue with Printer.print_text, run the program under UTF-8 (Linux: LC_ALL=C.UTF-8), "
                 'or have such characters replaced by "?" with Receipt(errors="replace").'
             )
+        if is_path:
+            remedy = "Give the image a path without this character, and add that one."
         super().__init__(f"{what} What to do: {remedy}")
 
     def __reduce__(self) -> Tuple[Any, ...]:
-        return UnprintableText, (self.text, self.position, self.code_page)
+        return UnprintableText, (self.text, self.position, self.code_page, self.is_path)
 
 
 def _shown(text: str) -> str:

@@ -7,7 +7,7 @@ from typing import Callable, List, NamedTuple, Tuple, Union
 from . import _exports
 from ._calls import number, printing, uninterrupted
 from ._encoding import check_text, code_page
-from ._errors import QueueNotEmpty, explain
+from ._errors import QueueNotEmpty, UnprintableText, explain
 from ._native import INT_MIN
 from ._printing import FilePath, absolute_path, font_size
 
@@ -85,10 +85,14 @@ class _Image(NamedTuple):
     angle: int
 
     def prepared(self, errors: str) -> Queued:
+        try:
+            # With "?" in the place of a character, it would be another file.
+            encoded = code_page().encode(self.path)
+        except UnprintableText as error:
+            raise UnprintableText(error.text, error.position, error.code_page, is_path=True) from None
         if not Path(self.path).is_file():
             raise FileNotFoundError(f"there is no image {self.path}")
-        # With "?" in the place of a character, it would be another file.
-        return Queued(_exports.PrintBitmapFile, code_page().encode(self.path), (self.angle,))
+        return Queued(_exports.PrintBitmapFile, encoded, (self.angle,))
 
 
 # What the library holds of a receipt whose queueing failed half-way: it can only be printed.
@@ -198,7 +202,8 @@ class Receipt:
         Raises:
             TolvexError: The printer or the service failed. What went out before is with the printer already:
                 cut it off before the receipt is printed again.
-            UnprintableText: A text has a character that the system's code page does not have. Nothing was printed.
+            UnprintableText: A text, or the path of an image, has a character that the system's code page does not
+                have. Nothing was printed.
             FileNotFoundError: There is no such image. Nothing was printed.
             ValueError: A line is too long, or the job type does not print. Nothing was printed.
         """
