@@ -197,6 +197,11 @@ class Weighing(SimulatorTest):
             tolvex.service_log_level("other")
         with self.assertRaises(ValueError):
             tolvex.set_service_log_level("print", "3\0")
+        self.simulator.reset()
+        for wrong in (None, True, 3.0, b"3"):
+            with self.subTest(wrong=wrong), self.assertRaises(TypeError):
+                tolvex.set_service_log_level("print", wrong)  # type: ignore[arg-type]
+        self.assertEqual(self.simulator.requests(), [])
 
     def test_the_connection_can_be_asked_for(self) -> None:
         self.assertIs(tolvex.check_connection(), True)

@@ -4,9 +4,9 @@ from ipaddress import IPv4Address
 from typing import Union
 
 from . import _exports
-from ._calls import REPLY_BYTES, Connection, decoded, printing, weighing
+from ._calls import REPLY_BYTES, Connection, decoded, number, printing, weighing
 from ._encoding import utf8
-from ._native import process
+from ._native import INT_MIN, process
 
 _CONNECTIONS = {"print": printing, "loadcell": weighing}
 
@@ -69,6 +69,9 @@ def set_service_log_level(module: str, level: Union[str, int]) -> None:
 
     Raises:
         TolvexError: The service failed.
+        TypeError: The level is neither a str nor an int.
         ValueError: There is no such module.
     """
-    _connection(module).code(_exports.setLogLevel, module.encode("ascii"), utf8(str(level), "the level"))
+    if not isinstance(level, str):
+        level = str(number(level, "the level", INT_MIN))
+    _connection(module).code(_exports.setLogLevel, module.encode("ascii"), utf8(level, "the level"))
