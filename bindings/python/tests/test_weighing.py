@@ -9,7 +9,7 @@ from support import SimulatorTest
 
 import tolvex
 from tolvex import WeightState
-from tolvex._scale import reading_of
+from tolvex._scale import parsed_reply, reading_of
 
 
 def record(status: int, net: bytes, tare: bytes, mark: bytes = b"P") -> bytes:
@@ -233,6 +233,12 @@ class Records(unittest.TestCase):
             self.assertEqual((caught.exception.code, caught.exception.name), (-1, "UnreadableReply"))
         with self.assertRaisesRegex(tolvex.TolvexError, "no number as the tare"):
             reading_of(record(1, b"01.5000", b"    inf"))
+
+    def test_a_reply_that_is_no_object_is_unreadable(self) -> None:
+        for reply in ("", "[]", "ready", '{"x":' + "[" * 2000):
+            with self.subTest(reply=reply[:9]), self.assertRaises(tolvex.TolvexError) as caught:
+                parsed_reply("getLCVersion", reply)
+            self.assertEqual(caught.exception.code, -1)
 
     def test_zeros_are_an_invalid_weight(self) -> None:
         self.assertEqual(reading_of(bytes(24)).state, WeightState.INVALID)

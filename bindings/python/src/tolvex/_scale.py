@@ -159,7 +159,7 @@ def parsed_reply(operation: str, text: str) -> Dict[str, Any]:
     """A reply that is handed out whole, as a dictionary."""
     try:
         reply = json.loads(text)
-    except ValueError:
+    except (ValueError, RecursionError):  # the latter for thousands of brackets
         reply = None
     if not isinstance(reply, dict):
         raise unreadable(operation, f"The reply is no JSON object: {text!r}.")
