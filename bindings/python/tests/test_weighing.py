@@ -1,5 +1,6 @@
 """Weighing, against the simulator."""
 
+import asyncio
 import threading
 import unittest
 from decimal import Decimal
@@ -141,6 +142,16 @@ class Weighing(SimulatorTest):
         with self.assertRaises(tolvex.StableWeightTimeout) as caught:
             self.scale.wait_stable(timeout=0)
         self.assertEqual(caught.exception.last.state, WeightState.OVER_LOAD)
+
+    def test_waiting_times_that_would_never_end_are_refused(self) -> None:
+        for timeout, interval in ((float("nan"), 0.1), (60, float("nan")), (60, -0.1)):
+            arguments = timeout, interval, lambda reading: False
+            with self.subTest(timeout=timeout, interval=interval):
+                with self.assertRaisesRegex(ValueError, "has to be"):
+                    self.scale.wait_stable(*arguments)
+                with self.assertRaisesRegex(ValueError, "has to be"):
+                    asyncio.run(tolvex.aio.Scale().wait_stable(*arguments))
+        self.assertEqual(self.simulator.requests(), [])
 
     def test_high_resolution_reads_a_tenth_of_the_division(self) -> None:
         self.simulator.scale(load_kg=0.4824)

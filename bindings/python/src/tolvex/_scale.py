@@ -1,6 +1,7 @@
 """The scale."""
 
 import json
+import math
 import re
 import time
 from dataclasses import dataclass
@@ -205,7 +206,9 @@ class Scale:
         Raises:
             StableWeightTimeout: There was none in this time. It carries the last reading.
             TolvexError: The scale or the service failed.
+            ValueError: The interval is below 0, or one of the times is no number (nan).
         """
+        check_waiting(timeout, interval)
         end = time.monotonic() + timeout
         while True:
             reading = self.read()
@@ -317,6 +320,18 @@ class Scale:
         if code != 0:
             raise error_of_code("sendRawCmdToLC", code, decoded(reply) or None)
         return decoded(reply)
+
+
+def check_waiting(timeout: float, interval: float) -> None:
+    """Refuses times with which the wait would never end, or fail between two readings.
+
+    Raises:
+        ValueError: The interval is below 0, or one of the times is no number (nan).
+    """
+    if math.isnan(timeout):
+        raise ValueError(f"the timeout has to be a number of seconds, not {timeout}")
+    if not interval >= 0:
+        raise ValueError(f"the interval has to be 0 s or more, not {interval}")
 
 
 def is_awaited(reading: Reading, until: Optional[Callable[[Reading], bool]]) -> bool:

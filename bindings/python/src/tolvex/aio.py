@@ -79,6 +79,7 @@ class Scale:
 
         Between two readings, other commands for the scale have their turn, and the task can be cancelled.
         """
+        _scale.check_waiting(timeout, interval)
         end = time.monotonic() + timeout
         while True:
             reading = await self.read()
