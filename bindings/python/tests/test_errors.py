@@ -2,6 +2,7 @@
 
 import pickle
 import unittest
+from decimal import Decimal
 
 import tolvex
 from tolvex._errors import error_of_code, error_of_verdict, unreadable
@@ -42,6 +43,18 @@ class Errors(unittest.TestCase):
         ):
             with self.subTest(error=str(error)):
                 self.assertIn("What to do: ", str(error))
+
+    def test_waiting_in_vain_tells_what_to_do_about_the_last_reading(self) -> None:
+        state = tolvex.WeightState
+        for reading, remedy in (
+            (tolvex.Reading(state.WEIGHT, net=Decimal(1)), "Wait until the goods lie still"),
+            (tolvex.Reading(state.WEIGHT, net=Decimal(1), stable=True), "Do what the program waits for"),
+            (tolvex.Reading(state.OVER_LOAD), "Take the load off at once"),
+            (tolvex.Reading(state.UNDER_LOAD), "Put the plate back"),
+            (tolvex.Reading(state.INVALID), "Empty the scale and zero it"),
+        ):
+            with self.subTest(reading=str(reading)):
+                self.assertIn(f"{reading}. What to do: {remedy}", str(tolvex.StableWeightTimeout(reading, 1)))
 
     def test_a_long_text_is_shown_by_its_beginning(self) -> None:
         said = str(tolvex.UnprintableText("x" * 5000 + "€", 5000, "GBK"))

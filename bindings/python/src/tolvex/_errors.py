@@ -2,7 +2,7 @@
 
 from typing import TYPE_CHECKING, Any, List, Optional, Tuple
 
-from ._codes import ANSWERS, RESULT_CODES, Explanation
+from ._codes import ANSWERS, RESULT_CODES, Explanation, ResultCode
 
 if TYPE_CHECKING:
     from ._scale import Reading
@@ -161,6 +161,14 @@ def _shown(text: str) -> str:
     return repr(text if len(text) <= 60 else text[:57] + "...")
 
 
+# The result codes that mean the same as a reading without a weight.
+_CODES_OF_STATES = {
+    "UNDER_LOAD": ResultCode.UNDER_LOAD,
+    "OVER_LOAD": ResultCode.OVER_LOAD,
+    "INVALID": ResultCode.INVALID_WEIGHT,
+}
+
+
 class StableWeightTimeout(TimeoutError):
     """The scale did not come to rest in time, or not with the weight that was waited for.
 
@@ -172,10 +180,13 @@ class StableWeightTimeout(TimeoutError):
     def __init__(self, last: "Reading", timeout: float) -> None:
         self.last = last
         self.timeout = timeout
-        super().__init__(
-            f"There was no stable weight within {timeout:g} s; the last reading: {last}. "
-            "What to do: wait until the goods lie still and nothing touches the scale, and try again."
-        )
+        if last.stable:
+            missed = "There was a stable weight, but not the one that is waited for,"
+            remedy = "Do what the program waits for on the scale, such as putting the goods there, and try again."
+        else:
+            missed = "There was no stable weight"
+            remedy = RESULT_CODES[_CODES_OF_STATES.get(last.state.name, ResultCode.WEIGHT_NOT_STABLE)].remedy
+        super().__init__(f"{missed} within {timeout:g} s; the last reading: {last}. What to do: {remedy}")
 
     def __reduce__(self) -> Tuple[Any, ...]:
         return StableWeightTimeout, (self.last, self.timeout)
