@@ -15,7 +15,7 @@ trap 'rm -rf "${elsewhere%/of/another/name}"' EXIT
 mkdir -p "$elsewhere"
 cd "$source"
 . packaging/common.sh
-git_files CMakeLists.txt CMakePresets.json cmake src sim tools examples packaging docs README.md CHANGELOG.md |
+git_files CMakeLists.txt CMakePresets.json cmake src sim tools examples packaging docs bindings README.md CHANGELOG.md |
   tar -c -T - | tar -x -C "$elsewhere"
 (
   cd "$elsewhere"
