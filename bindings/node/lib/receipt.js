@@ -32,9 +32,9 @@ let queueIsSpoilt = false;
  * @property {number[]} values
  */
 
-/** What becomes one line each, without the end of line. @param {string} content */
+/** What becomes one line each, without the end of line: LF or CR LF. @param {string} content */
 function linesOf(content) {
-  return content.split('\n');
+  return content.split('\n').map((line) => line.replace(/\r$/, ''));
 }
 
 /** Lines and images, kept here until they are printed, and after that, so that they can be printed again. */

@@ -115,7 +115,7 @@ test('what the library would refuse or change is refused when it is added', () =
   assert.throws(() => receipt.text('a\0b'), { name: 'RangeError', message: 'The text has a NUL at position 1, where it would end.' });
   assert.throws(() => receipt.image(''), RangeError);
   assert.throws(() => receipt.text('ä'.repeat(1025)), /2050 bytes of UTF-8, but at most 2048/);
-  receipt.text(`${'ä'.repeat(1024)}\n${'b'.repeat(2048)}`).wrapped('ä'.repeat(3000));
+  receipt.text(`${'ä'.repeat(1024)}\r\n${'b'.repeat(2048)}\r\n`).wrapped('ä'.repeat(3000));
   assert.equal(receipt.length, 2);
 });
 
