@@ -148,6 +148,18 @@ function kind(value) {
   return value === null ? 'null' : typeof value;
 }
 
+/**
+ * What a caller may leave out. A bare value in its place, as in text('x', 36), would be passed over without a word.
+ * @template Options
+ * @param {Options | undefined} options
+ * @returns {Partial<Options>}
+ */
+function byName(options) {
+  if (options === undefined) return {};
+  if (typeof options === 'object' && options !== null) return options;
+  throw new TypeError(`Options have to be an object, such as {size: 36}, but it is ${kind(options)}.`);
+}
+
 /** Room for a reply, and a NUL behind it whatever came. */
 function room() {
   return Buffer.alloc(kTextSize + 1);
@@ -160,5 +172,5 @@ function wait(value) {
 
 module.exports = {
   verdict, code, rawReply, parsedReply, usual, wholeNumber, fontSize, paperWidth, angle, unsigned, flag, text, textThatIsNotEmpty,
-  printerName, room, wait, kTextSize,
+  printerName, byName, room, wait, kTextSize,
 };

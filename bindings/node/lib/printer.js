@@ -5,7 +5,7 @@ const path = require('node:path');
 const { constants } = require('./tables');
 const {
   verdict, code, rawReply, parsedReply, usual, fontSize, paperWidth, angle, unsigned, flag, wholeNumber, text, textThatIsNotEmpty,
-  printerName, room, wait, kTextSize,
+  printerName, byName, room, wait, kTextSize,
 } = require('./command');
 const { printing } = require('./connection');
 const { decoded, encodedUtf8 } = require('./charset');
@@ -49,7 +49,8 @@ class Printer {
   /** @param {string} value @param {{size?: number}} [options] */
   printTextSync(value, options) { return printing.runSync(this.#text(value, options)); }
   /** @param {string} value @param {{size?: number}} [options] */
-  #text(value, { size = usual.size } = {}) {
+  #text(value, options) {
+    const { size = usual.size } = byName(options);
     return code(raw.printTextById, line(value), fontSize(size), this.type);
   }
 
@@ -58,7 +59,8 @@ class Printer {
   /** @param {string} value @param {{size?: number, width?: number}} [options] */
   printWrappedSync(value, options) { return printing.runSync(this.#wrapped(value, options)); }
   /** @param {string} value @param {{size?: number, width?: number}} [options] */
-  #wrapped(value, { size = usual.size, width = usual.width } = {}) {
+  #wrapped(value, options) {
+    const { size = usual.size, width = usual.width } = byName(options);
     return code(raw.printTextByPaperWidthById, line(value), fontSize(size), paperWidth(width), this.type);
   }
 
@@ -68,7 +70,8 @@ class Printer {
   printImageSync(file, options) { return printing.runSync(this.#image(file, options)); }
   // The service opens it, from a folder of its own.
   /** @param {string} file @param {{angle?: number}} [options] */
-  #image(file, { angle: turned = 0 } = {}) {
+  #image(file, options) {
+    const { angle: turned = 0 } = byName(options);
     const absolute = path.resolve(textThatIsNotEmpty('The path of the image', file));
     return code(raw.printBitmapFileById, encodedUtf8(absolute), angle(turned), this.type);
   }
@@ -201,7 +204,8 @@ class PrinterSettings {
   /** @param {string} command @param {RawOptions} [options] */
   rawCommandSync(command, options) { return printing.runSync(this.#rawCommand(command, options)); }
   /** @param {string} command @param {RawOptions} [options] */
-  #rawCommand(command, { number = 0, parameters = '', timeout = usual.wait } = {}) {
+  #rawCommand(command, options) {
+    const { number = 0, parameters = '', timeout = usual.wait } = byName(options);
     const sent = encodedUtf8(textThatIsNotEmpty('The command', command));
     const list = encodedUtf8(text('The parameters', parameters));
     wholeNumber('The number', number, -0x80000000, 0x7fffffff);

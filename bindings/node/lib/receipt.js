@@ -4,7 +4,7 @@ const fs = require('node:fs');
 const path = require('node:path');
 
 const { constants } = require('./tables');
-const { verdict, usual, fontSize, paperWidth, angle, wholeNumber, text, textThatIsNotEmpty } = require('./command');
+const { verdict, usual, fontSize, paperWidth, angle, wholeNumber, text, textThatIsNotEmpty, byName } = require('./command');
 const { printing } = require('./connection');
 const { encoded } = require('./charset');
 const raw = require('./raw');
@@ -44,14 +44,15 @@ class Receipt {
   #replace;
 
   /** @param {{replace?: boolean}} [options] */
-  constructor({ replace = false } = {}) {
-    this.#replace = replace;
+  constructor(options) {
+    this.#replace = byName(options).replace ?? false;
   }
 
   get length() { return this.#items.length; }
 
   /** @param {string} value @param {{size?: number}} [options] */
-  text(value, { size = usual.size } = {}) {
+  text(value, options) {
+    const { size = usual.size } = byName(options);
     text('The text', value);
     const tooLong = linesOf(value).find((line) => Buffer.byteLength(line) > kLongestLine);
     if (tooLong !== undefined) {
@@ -63,19 +64,21 @@ class Receipt {
   }
 
   /** @param {string} value @param {{size?: number, width?: number}} [options] */
-  wrapped(value, { size = usual.size, width = usual.width } = {}) {
+  wrapped(value, options) {
+    const { size = usual.size, width = usual.width } = byName(options);
     text('The text', value);
     this.#items.push({ queue: raw.PrintTextByPaperWidth, content: value, values: [fontSize(size), paperWidth(width)] });
     return this;
   }
 
   /** @param {{size?: number}} [options] */
-  blank({ size = usual.size } = {}) {
-    return this.text('', { size });
+  blank(options) {
+    return this.text('', options);
   }
 
   /** @param {string} file @param {{angle?: number}} [options] */
-  image(file, { angle: turned = 0 } = {}) {
+  image(file, options) {
+    const { angle: turned = 0 } = byName(options);
     const absolute = path.resolve(textThatIsNotEmpty('The path of the image', file));
     if (this.#items.filter((item) => item.queue === raw.PrintBitmapFile).length === kMostImages) {
       throw new RangeError(`A receipt has at most ${kMostImages} images: more would take the place of the first ones.`);

@@ -4,7 +4,7 @@ const { performance } = require('node:perf_hooks');
 
 const { constants, records } = require('./tables');
 const {
-  verdict, code, rawReply, parsedReply, usual, flag, text, textThatIsNotEmpty, wait, wholeNumber, room, kTextSize,
+  verdict, code, rawReply, parsedReply, usual, flag, text, textThatIsNotEmpty, byName, wait, wholeNumber, room, kTextSize,
 } = require('./command');
 const { weighing, printing } = require('./connection');
 const { decoded, encodedUtf8 } = require('./charset');
@@ -110,7 +110,8 @@ function* version() {
 }
 
 /** @param {string} command @param {{parameters?: string, timeout?: number}} [options] */
-function rawCommand(command, { parameters = '', timeout = usual.wait } = {}) {
+function rawCommand(command, options) {
+  const { parameters = '', timeout = usual.wait } = byName(options);
   const sent = encodedUtf8(textThatIsNotEmpty('The command', command));
   const list = encodedUtf8(text('The parameters', parameters));
   const limit = wait(timeout);
@@ -179,10 +180,11 @@ class Scale {
   set highResolution(on) { raw.setHighResWeightMode(on ? 1 : 0); }
 
   /**
-   * @param {{timeout?: number, interval?: number, signal?: AbortSignal, where?: (reading: Reading) => boolean}} [options]
+   * @param {import('..').WaitOptions} [options]
    * @returns {Promise<Reading>}
    */
-  async waitStable({ timeout = 30000, interval = 100, signal, where = () => true } = {}) {
+  async waitStable(options) {
+    const { timeout = 30000, interval = 100, signal, where = () => true } = byName(options);
     const end = performance.now() + wait(timeout);
     wholeNumber('The interval in milliseconds', interval, 1, 60000);
     /** @type {Reading | null} */
@@ -203,7 +205,8 @@ class Scale {
    * @param {{interval?: number, signal?: AbortSignal}} [options]
    * @returns {AsyncGenerator<Reading, void, undefined>}
    */
-  async *watch({ interval = 200, signal } = {}) {
+  async *watch(options) {
+    const { interval = 200, signal } = byName(options);
     wholeNumber('The interval in milliseconds', interval, 1, 60000);
     for (;;) {
       signal?.throwIfAborted();

@@ -122,6 +122,16 @@ test('arguments that the library would take for something else are refused', asy
   assert.deepEqual(simulator.requests(), []);
 });
 
+test('a bare value in the place of options is refused', async () => {
+  const scale = new tolvex.Scale();
+  const printer = new tolvex.Printer();
+  const settings = new tolvex.PrinterSettings('Ticket');
+  for (const call of [() => printer.printText('x', 36), () => printer.printWrapped('x', 36), () => printer.printImage('x', 90),
+    () => settings.rawCommand('x', 500), () => scale.rawCommand('x', 500), () => scale.waitStable(5000), () => scale.watch(200).next()]) {
+    await assert.rejects(call, { name: 'TypeError', message: /^Options have to be an object/ }, String(call));
+  }
+});
+
 test('an address that is none is refused', () => {
   for (const address of ['localhost', '1.2.3', '', '1.2.3.4 ', '256.1.1.1', '::1']) {
     assert.throws(() => tolvex.setServer(address), RangeError, address);

@@ -111,6 +111,10 @@ test('what the library would refuse or change is refused when it is added', () =
   assert.throws(() => receipt.text('x', { size: '24' }), TypeError);
   for (const width of [-1, 81]) assert.throws(() => receipt.wrapped('x', { width }), RangeError, String(width));
   for (const angle of [-90, 45, 360]) assert.throws(() => receipt.image('x.bmp', { angle }), RangeError, String(angle));
+  for (const add of [() => receipt.text('x', 36), () => receipt.wrapped('x', 36), () => receipt.blank(36), () => receipt.image('x', 90),
+    () => receipt.text('x', null), () => new tolvex.Receipt(true)]) {
+    assert.throws(add, { name: 'TypeError', message: /^Options have to be an object/ });
+  }
   for (const value of [null, undefined, 5]) assert.throws(() => receipt.text(value), TypeError, String(value));
   assert.throws(() => receipt.text('a\0b'), { name: 'RangeError', message: 'The text has a NUL at position 1, where it would end.' });
   assert.throws(() => receipt.image(''), RangeError);
