@@ -162,16 +162,17 @@ function encodedExactly(set, text) {
  * A text in the set, with a NUL at its end.
  * @param {string} text
  * @param {boolean} replace whether "?" takes the place of what the set does not have
+ * @param {'line' | 'path'} [use] what the text is for
  * @returns {Buffer}
  */
-function encoded(text, replace) {
+function encoded(text, replace, use = 'line') {
   const set = charset();
   let whole = loneSurrogate.test(text) ? null : encodedExactly(set, text);
   if (whole === null) {
     let kept = '';
     for (const character of text) {
       const isThere = !loneSurrogate.test(character) && encodedExactly(set, character) !== null;
-      if (!isThere && !replace) throw new CharacterError(character, kept.length, set.name);
+      if (!isThere && !replace) throw new CharacterError(character, kept.length, set.name, use);
       kept += isThere ? character : '?';
     }
     // Each character is there, and yet not all of them together: an accent that melts into its letter.
@@ -187,7 +188,7 @@ function encoded(text, replace) {
  */
 function encodedUtf8(text) {
   const lone = loneSurrogate.exec(text);
-  if (lone) throw new CharacterError(lone[0], lone.index, 'Unicode');
+  if (lone) throw new CharacterError(lone[0], lone.index, 'Unicode', 'utf8');
   return Buffer.from(`${text}\0`, 'utf8');
 }
 

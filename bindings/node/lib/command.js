@@ -69,7 +69,7 @@ function parsedReply(operation, reply) {
   try {
     return JSON.parse(reply);
   } catch {
-    throw new UnreadableError(operation, 'reply', reply);
+    throw new UnreadableError(operation, 'reply', reply, 'JSON');
   }
 }
 

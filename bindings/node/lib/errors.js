@@ -58,17 +58,18 @@ class TolvexError extends Error {
 }
 TolvexError.prototype.name = 'TolvexError';
 
-/** A reply that came, but holds something that is no number where one has to be. */
+/** A reply that came, but holds something else than it has to. */
 class UnreadableError extends TolvexError {
   /**
    * @param {string} operation
    * @param {string} what
    * @param {string} text as it came
+   * @param {string} needed what it has to be
    */
-  constructor(operation, what, text) {
+  constructor(operation, what, text, needed = 'number') {
     super(operation, answers.TOLVEX_UNREADABLE_REPLY.code, {
       ...answers.TOLVEX_UNREADABLE_REPLY,
-      meaning: `The ${what} that the service told is no number: ${JSON.stringify(text)}.`,
+      meaning: `The ${what} that the service told is no ${needed}: ${JSON.stringify(text)}.`,
     });
     this.unreadable = text;
   }
@@ -111,23 +112,32 @@ function described(reading) {
   return `The last one was ${reading.netText}, ${reading.stable ? 'stable' : 'not stable'}.`;
 }
 
+/** What to do about a character, by what the text is for: a line of a receipt, the path of its image, or UTF-8. */
+const charactersRemedies = {
+  line: 'Print the line past the queue with Printer.printText, run the program under UTF-8, or have such characters ' +
+    'replaced by "?" with {replace: true}.',
+  path: 'Give the image a path without it, print the image past the queue with Printer.printImage, or run the program ' +
+    'under UTF-8.',
+  utf8: '',
+};
+
 /** A text holds a character that cannot be printed in the system's character set. */
 class CharacterError extends RangeError {
   /**
    * @param {string} character
    * @param {number} position counted from 0 in UTF-16 units, as JavaScript does
    * @param {string} charset
+   * @param {keyof typeof charactersRemedies} use
    */
-  constructor(character, position, charset) {
+  constructor(character, position, charset, use) {
     const codePoint = /** @type {number} */ (character.codePointAt(0));
     const number = `U+${codePoint.toString(16).toUpperCase().padStart(4, '0')}`;
     const isLone = codePoint >= 0xd800 && codePoint <= 0xdfff;
     super(isLone
       ? `The text has half of a surrogate pair, ${number}, at position ${position}, which is no character. ` +
-        'Cut texts between characters, or have it replaced by "?" with {replace: true}.'
+        `Cut texts between characters${use === 'line' ? ', or have it replaced by "?" with {replace: true}' : ''}.`
       : `The character "${character}" (${number}) at position ${position} is not in ${charset}, in which this system ` +
-        `queues texts. Print the line past the queue with Printer.printText, run the program under UTF-8, or have such ` +
-        'characters replaced by "?" with {replace: true}.');
+        `queues texts. ${charactersRemedies[use]}`);
     this.character = character;
     this.position = position;
     this.charset = charset;

@@ -108,7 +108,7 @@ class Receipt {
       const isImage = queue === raw.PrintBitmapFile;
       if (isImage) fs.accessSync(content, fs.constants.R_OK);
       // The library queues nothing for an empty text; a blank becomes an empty line.
-      const bytes = encoded(content === '' ? ' ' : content, this.#replace && !isImage);
+      const bytes = encoded(content === '' ? ' ' : content, this.#replace && !isImage, isImage ? 'path' : 'line');
       return /** @type {const} */ ([queue, bytes, ...values]);
     });
     return job(queued, jobType);

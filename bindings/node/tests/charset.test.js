@@ -3,6 +3,8 @@
 
 const { test, before, beforeEach } = require('node:test');
 const assert = require('node:assert/strict');
+const fs = require('node:fs');
+const path = require('node:path');
 
 const tolvex = require('..');
 const { encoded } = require('../lib/charset');
@@ -54,6 +56,18 @@ testOfLacking('what the set does not have is refused by name, before anything is
     assert.equal(error.position, set.has.length);
     assert.equal(error.charset, tolvex.queueCharset());
     assert.match(error.message, /^The character ".+" \(U\+[0-9A-F]{4}\) at position \d+ is not in .+Printer\.printText.+\{replace: true\}/);
+    return true;
+  });
+  assert.deepEqual(simulator.requests(), []);
+});
+
+testOfLacking('an image whose path the set does not have is refused with what helps an image', async () => {
+  const image = path.join(process.env.TEST_FOLDER, `${set.lacks}.bmp`);
+  fs.writeFileSync(image, '');
+  await assert.rejects(new tolvex.Receipt({ replace: true }).image(image).print(), (error) => {
+    assert.equal(error.character, set.lacks);
+    assert.match(error.message, /Give the image a path without it, .*Printer\.printImage/);
+    assert.doesNotMatch(error.message, /replace/);
     return true;
   });
   assert.deepEqual(simulator.requests(), []);

@@ -4,6 +4,7 @@ const { test, before, beforeEach } = require('node:test');
 const assert = require('node:assert/strict');
 
 const tolvex = require('..');
+const { parsedReply } = require('../lib/command');
 const simulator = require('./simulator');
 
 const scale = new tolvex.Scale();
@@ -188,6 +189,13 @@ test('decimal text is read exactly', async () => {
     const read = readDecimal('read_standard', 'tare', text);
     assert.deepEqual(read, { value: units / 10000, units }, text);
   }
+});
+
+test('a reply that is no JSON is told as such', () => {
+  assert.throws(() => parsedReply('getLCVersion', '{"version":'), {
+    name: 'UnreadableError', operation: 'getLCVersion', unreadable: '{"version":',
+    meaning: 'The reply that the service told is no JSON: "{\\"version\\":".',
+  });
 });
 
 test('a raw command gives the reply, and an error has it, too', async () => {
