@@ -4,9 +4,10 @@ const fs = require('node:fs');
 const path = require('node:path');
 
 const { constants } = require('./tables');
-const { verdict, usual, fontSize, paperWidth, angle, wholeNumber, text, textThatIsNotEmpty, byName } = require('./command');
+const { usual, fontSize, paperWidth, angle, wholeNumber, text, textThatIsNotEmpty, byName } = require('./command');
 const { printing } = require('./connection');
 const { encoded } = require('./charset');
+const { TolvexError } = require('./errors');
 const raw = require('./raw');
 
 const kLongestLine = 2048; // bytes of UTF-8; the service takes no longer one
@@ -125,17 +126,21 @@ function* job(queued, jobType) {
   if (queueIsSpoilt) throw spoilt();
   for (const [i, [queue, ...values]] of queued.entries()) {
     const result = queue === raw.PrintBitmapFile ? yield [queue, ...values] : queue(...values);
-    if (result === constants.TOLVEX_OK) continue;
+    if (result === constants.TOLVEX_OK) {
+      queueIsSpoilt = true; // until it is printed, whatever comes between
+      continue;
+    }
     // All that the library refuses is refused before; what is left is a lack of memory.
-    queueIsSpoilt = i > 0;
     throw new Error(`${queue.name}: the library did not take line ${i + 1} of the receipt (${result}); it has no memory. ` +
       (queueIsSpoilt ? spoilt().message : 'Nothing was printed.'));
   }
-  yield* verdict(raw.BeginPrint, jobType);
+  const result = yield [raw.BeginPrint, jobType];
+  queueIsSpoilt = false; // nothing is left after a job, printed or not
+  if (result !== constants.TOLVEX_OK) throw TolvexError.behindVerdict('BeginPrint', raw.getLastErrCode());
 }
 
 function spoilt() {
-  return new Error('Lines of a receipt that could not be queued are left in the library, and the next job would print ' +
+  return new Error('Lines of a receipt that could not be printed are left in the library, and the next job would print ' +
     'them. Restart the application before it prints receipts again.');
 }
 

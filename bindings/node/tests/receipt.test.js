@@ -154,28 +154,52 @@ test('half a surrogate pair is refused before anything is printed, or replaced',
   });
 });
 
-test('lines that a lack of memory left in the library are never printed with the next receipt', async () => {
+// Does the work with receipts that have these functions in the place of the library's.
+async function withLibrary(stub, work) {
   const rawPath = require.resolve('../lib/raw');
   const receiptPath = require.resolve('../lib/receipt');
   const kept = [rawPath, receiptPath].map((file) => [file, require.cache[file]]);
-  let printed = 0;
-  let memory = 1;
-  const stub = {
-    PrintText() { memory -= 1; return memory >= 0 ? 240 : 255; },
-    PrintBitmapFile() {},
-    BeginPrint: { async: async () => { printed += 1; return 240; } },
-  };
   delete require.cache[receiptPath];
   require.cache[rawPath].exports = stub;
   try {
-    const { Receipt } = require('../lib/receipt');
+    await work(require('../lib/receipt').Receipt);
+  } finally {
+    for (const [file, module] of kept) require.cache[file] = module;
+    require.cache[rawPath].exports = tolvex.raw;
+  }
+}
+
+test('lines that a lack of memory left in the library are never printed with the next receipt', async () => {
+  let printed = 0;
+  let memory = 1;
+  await withLibrary({
+    PrintText() { memory -= 1; return memory >= 0 ? 240 : 255; },
+    PrintBitmapFile() {},
+    BeginPrint: { async: async () => { printed += 1; return 240; } },
+  }, async (Receipt) => {
     await assert.rejects(new Receipt().text('one').text('two').print(), /did not take line 2 of the receipt.*Restart the application/s);
     memory = 100;
     await assert.rejects(new Receipt().text('next').print(), /Restart the application/);
     assert.equal(printed, 0);
     assert.equal(memory, 100);
-  } finally {
-    for (const [file, module] of kept) require.cache[file] = module;
-    require.cache[rawPath].exports = tolvex.raw;
+  });
+});
+
+test('lines behind which a call could not be made are never printed with the next receipt', async () => {
+  for (const failing of ['PrintBitmapFile', 'BeginPrint']) {
+    const queued = [];
+    const stub = {
+      PrintText(bytes) { queued.push(bytes.toString()); return 240; },
+      PrintBitmapFile: { async: async () => 240 },
+      BeginPrint: { async: async () => 240 },
+    };
+    await withLibrary(stub, async (Receipt) => {
+      await new Receipt().text('before').print();
+      stub[failing].async = async () => { throw new Error('no thread'); };
+      await assert.rejects(new Receipt().text('one').image(logo).print(), /no thread/);
+      stub[failing].async = async () => 240;
+      await assert.rejects(new Receipt().text('next').print(), /Restart the application/, failing);
+    });
+    assert.deepEqual(queued, ['before\0', 'one\0']);
   }
 });
