@@ -134,7 +134,10 @@ export declare class Scale {
   setOverloadAlarm(on: boolean): Promise<void>;
   setOverloadAlarmSync(on: boolean): void;
 
-  /** Sends any command to the weighing service, and gives its reply. A TolvexError has the reply, too. */
+  /**
+   * Sends any command to the weighing service, and gives its reply. A TolvexError has the reply, too. A reply after the
+   * timeout (40000 ms if not given) is taken for that of the next command: do not trust weights any more then.
+   */
   rawCommand(command: string, options?: { parameters?: string; timeout?: number }): Promise<string>;
   rawCommandSync(command: string, options?: { parameters?: string; timeout?: number }): string;
 
@@ -242,7 +245,7 @@ export interface RawPrinterOptions {
   number?: number;
   /** The request's "paramList"; left out if empty. */
   parameters?: string;
-  /** The longest wait for the reply, in milliseconds; 40000 if not given. */
+  /** The longest wait for the reply, in milliseconds; 40000 if not given. A reply after that is taken for the next one. */
   timeout?: number;
 }
 
