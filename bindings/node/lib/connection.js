@@ -146,4 +146,14 @@ class Connection {
   }
 }
 
-module.exports = { weighing: new Connection('weighing', 'stat'), printing: new Connection('printing', 'statm') };
+// Another copy of this package in the same thread has the same ones: a lock among threads does not keep it out on
+// Windows, and a Sync function would wait for ever for what goes on there.
+const inThisThread = Symbol.for('tolvex: connections');
+
+/** @type {{weighing: Connection, printing: Connection}} */
+const connections = /** @type {any} */ (globalThis)[inThisThread] ??= {
+  weighing: new Connection('weighing', 'stat'),
+  printing: new Connection('printing', 'statm'),
+};
+
+module.exports = connections;

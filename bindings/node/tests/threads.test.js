@@ -85,6 +85,23 @@ test('what waits in JavaScript is refused while something asynchronous goes on w
   assert.equal(scale.readSync().state, 'weight');
 });
 
+test('another copy of the package takes its turn with this one', async () => {
+  const kept = Object.keys(require.cache).filter((file) => file.startsWith(path.dirname(require.resolve('..'))))
+    .map((file) => [file, require.cache[file]]);
+  for (const [file] of kept) delete require.cache[file];
+  const copy = require('..');
+  for (const [file, module] of kept) require.cache[file] = module;
+  assert.notEqual(copy.Scale, tolvex.Scale);
+
+  const reading = scale.read();
+  assert.throws(() => new copy.Scale().readSync(), { code: 'ERR_TOLVEX_BUSY' }); // and does not wait for ever
+  await reading;
+  const other = new copy.Receipt();
+  for (const line of lines('B')) other.text(line);
+  await Promise.all([receipt('A').print(), other.print()]);
+  assert.deepEqual(printedJobs(), ['A', 'B'].map((name) => lines(name)));
+});
+
 test('a failed call makes way for the next one', async () => {
   await simulator.patch('/api/scale', { connected: false });
   const failing = assert.rejects(scale.read(), { code: 1007 });
