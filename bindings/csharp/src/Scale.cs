@@ -60,7 +60,7 @@ namespace Tolvex
                 token.ThrowIfCancellationRequested();
                 Reading reading = Read();
                 if (patience.IsEnough(reading)) return reading;
-                token.WaitHandle.WaitOne(patience.Interval);
+                token.WaitHandle.WaitOne(patience.Pause);
             }
         }
 
@@ -77,30 +77,42 @@ namespace Tolvex
             {
                 Reading reading = await ReadAsync(token).ConfigureAwait(false);
                 if (patience.IsEnough(reading)) return reading;
-                await Task.Delay(patience.Interval, token).ConfigureAwait(false);
+                await Task.Delay(patience.Pause, token).ConfigureAwait(false);
             }
         }
 
         private sealed class Patience
         {
-            private readonly TimeSpan timeout;
+            private readonly TimeSpan timeout, interval;
             private readonly int start = Environment.TickCount; // goes on whatever is done to the clock
 
             internal Patience(TimeSpan timeout, TimeSpan? interval)
             {
                 Arguments.Milliseconds(timeout, "timeout");
-                Interval = interval ?? DefaultInterval;
-                Arguments.Interval(Interval, "interval");
+                this.interval = interval ?? DefaultInterval;
+                Arguments.Interval(this.interval, "interval");
                 this.timeout = timeout;
             }
 
-            internal TimeSpan Interval { get; private set; }
+            // Until it is time to ask again: for the last time when the time is up.
+            internal TimeSpan Pause
+            {
+                get
+                {
+                    double left = Math.Max(Math.Ceiling(timeout.TotalMilliseconds - Elapsed), 0);
+                    return TimeSpan.FromMilliseconds(Math.Min(Math.Ceiling(interval.TotalMilliseconds), left));
+                }
+            }
+
+            private uint Elapsed
+            {
+                get { return unchecked((uint)(Environment.TickCount - start)); }
+            }
 
             internal bool IsEnough(Reading reading)
             {
                 if (reading.State == ScaleState.Weight && reading.IsStable) return true;
-                uint elapsed = unchecked((uint)(Environment.TickCount - start));
-                if (elapsed >= timeout.TotalMilliseconds) throw new ScaleTimeoutException(timeout, reading);
+                if (Elapsed >= timeout.TotalMilliseconds) throw new ScaleTimeoutException(timeout, reading);
                 return false;
             }
         }

@@ -143,7 +143,19 @@ namespace Tolvex.Tests
                 () => scale.WaitStable(TimeSpan.FromMilliseconds(50), TimeSpan.FromMilliseconds(10)));
             Assert.AreEqual(ScaleState.OverLoad, late.LastReading.State);
             StringAssert.Contains("0.05 s. The last reading: OverLoad.", late.Message);
-            Assert.Greater(Weighed(2).Count, 1);
+        }
+
+        [Test]
+        public void GivesUpInTimeWhateverTheInterval()
+        {
+            Sim.Do("load 20");
+            TimeSpan timeout = TimeSpan.FromMilliseconds(50), interval = TimeSpan.FromDays(20);
+            using (var limit = new CancellationTokenSource(TimeSpan.FromSeconds(60)))
+            {
+                Assert.Throws<ScaleTimeoutException>(() => scale.WaitStable(timeout, interval, limit.Token));
+                Assert.Throws<ScaleTimeoutException>(
+                    () => scale.WaitStableAsync(timeout, interval, limit.Token).GetAwaiter().GetResult());
+            }
         }
 
         [Test]
