@@ -23,7 +23,7 @@ namespace Tolvex
         private readonly List<Pending> queue = new List<Pending>();
         private Thread worker;
 
-        private Connection(string name)
+        internal Connection(string name)
         {
             this.name = name;
         }
@@ -37,11 +37,21 @@ namespace Tolvex
         internal T Run<T>(Func<T> call)
         {
             Library.EnsureLoaded();
+            T result;
             lock (turn)
             {
                 isUsed = true;
-                return call();
+                // .NET Framework has Thread.Abort, which waits for the end of a finally block: a receipt that is queued is
+                // printed, too, and does not come out with the next one.
+                try
+                {
+                }
+                finally
+                {
+                    result = call();
+                }
             }
+            return result;
         }
 
         internal void Run(Action call)
@@ -56,15 +66,26 @@ namespace Tolvex
             if (pending.IsOver) return pending.Task;
             lock (queueLock)
             {
+                if (worker == null) worker = Started();
                 queue.Add(pending);
-                if (worker == null)
-                {
-                    worker = new Thread(Work) { IsBackground = true, Name = name };
-                    worker.Start();
-                }
                 Monitor.Pulse(queueLock);
             }
             return pending.Task;
+        }
+
+        // It outlives whoever calls first, and must not keep what belongs to him: his values, and on Windows his identity.
+        private Thread Started()
+        {
+            var thread = new Thread(Work) { IsBackground = true, Name = name };
+            if (ExecutionContext.IsFlowSuppressed())
+            {
+                thread.Start();
+            }
+            else
+            {
+                using (ExecutionContext.SuppressFlow()) thread.Start();
+            }
+            return thread;
         }
 
         internal Task RunAsync(Action call, CancellationToken token)

@@ -175,6 +175,38 @@ namespace Tolvex.Tests
         }
 
         [Test]
+        public void AnAbortOfAThreadWaitsForItsCall()
+        {
+            ManualResetEventSlim begun = new ManualResetEventSlim(), end = new ManualResetEventSlim();
+            bool isDone = false;
+            var caller = new Thread(() => Connection.Printing.Run(() =>
+            {
+                begun.Set();
+                isDone = end.Wait(limit);
+            }));
+            caller.Start();
+            Assert.IsTrue(begun.Wait(limit), "waited for the call");
+            var abort = new Thread(() => caller.Abort()); // may wait itself
+            abort.Start();
+            while ((caller.ThreadState & (ThreadState.AbortRequested | ThreadState.Aborted | ThreadState.Stopped)) == 0) Thread.Yield();
+            end.Set();
+            Assert.IsTrue(caller.Join(limit) && abort.Join(limit), "waited for the thread to end");
+            Assert.IsTrue(isDone);
+            new Receipt().Text("next").Print(JobType.Ticket);
+        }
+
+        [Test]
+        public void TheThreadOfAConnectionHasNothingOfItsFirstCaller()
+        {
+            var value = new AsyncLocal<string> { Value = "the first caller's" };
+            Assert.IsNull(Ended(new Connection("another").RunAsync(() => value.Value, CancellationToken.None)));
+            using (ExecutionContext.SuppressFlow())
+            {
+                Assert.IsNull(Ended(new Connection("one more").RunAsync(() => value.Value, CancellationToken.None)));
+            }
+        }
+
+        [Test]
         public void AFailureComesOutOfTheTask()
         {
             Sim.Do("fault out-of-paper on");
