@@ -2,6 +2,7 @@
 # The package of the C# binding, laid out as build tools do, serves a program; and it says what it is.
 # usage: csharp_package_test.sh BUILD PACKAGES ADDRESS
 set -euo pipefail
+sources=$(cd "$(dirname "$0")/../../bindings/csharp" && pwd)
 build=$(cd "$1" && pwd) packages=$(cd "$2" && pwd) address=$3
 folder=$(mktemp -d)
 simulator=""
@@ -41,6 +42,8 @@ for link in re.findall(r"\]\(([^)#:]+)\)", (root / "README.md").read_text(encodi
     assert (root / link).exists(), f"the README links to {link}"
 END
 cmp package/lib/net45/Tolvex.dll package/lib/netstandard2.0/Tolvex.dll
+"$sources/compile" compiled
+cmp package/lib/net45/Tolvex.dll compiled/Tolvex.dll || fail "the package's assembly is not the one that compile makes here"
 
 # A program that tells which library it has, and weighs.
 cat >till.cs <<END
