@@ -77,7 +77,7 @@ namespace Tolvex
             }
             else if (!string.IsNullOrEmpty(variable))
             {
-                files = new[] { Path.GetFullPath(variable) };
+                files = new[] { LibraryFiles.Absolute(variable) };
                 why = "the environment variable " + EnvironmentVariable;
             }
             else

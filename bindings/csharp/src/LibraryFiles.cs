@@ -40,6 +40,19 @@ namespace Tolvex
             return files;
         }
 
+        // As it is where it cannot be a path at all, such as one in quotes on Windows: then it is told as missing.
+        internal static string Absolute(string file)
+        {
+            try
+            {
+                return Path.GetFullPath(file);
+            }
+            catch (Exception e) when (e is ArgumentException || e is NotSupportedException || e is IOException)
+            {
+                return file;
+            }
+        }
+
         private static void Add(List<string> files, string folder, string name)
         {
             string file = Path.GetFullPath(Path.Combine(folder, name));
@@ -53,7 +66,11 @@ namespace Tolvex
             long size;
             try
             {
-                if (!File.Exists(file)) return Directory.Exists(file) ? "is a folder" : "is missing";
+                if (!File.Exists(file))
+                {
+                    string hint = file.IndexOf('"') >= 0 ? "; the path has quotation marks in it, which do not belong there" : "";
+                    return Directory.Exists(file) ? "is a folder" : "is missing" + hint;
+                }
                 head = Head(file, out size);
             }
             catch (Exception e) when (e is IOException || e is UnauthorizedAccessException)

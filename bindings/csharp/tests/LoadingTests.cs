@@ -118,6 +118,15 @@ namespace Tolvex.Tests
             StringAssert.Contains(Path.Combine(folder, "nothing.so") + ": is missing", told);
             StringAssert.Contains("correct the environment variable TOLVEX_LIBRARY", told);
             StringAssert.DoesNotContain("/app/", told);
+            StringAssert.Contains("\": is missing; the path has quotation marks in it", Run("\"" + Real + "\""));
+        }
+
+        [Test]
+        public void WhatIsNoPathIsMissing()
+        {
+            Assert.AreEqual("a\0b", LibraryFiles.Absolute("a\0b"));
+            Assert.AreEqual("is missing", LibraryFiles.WhatIsWrong("a\0b", false));
+            Assert.AreEqual("/x/y", LibraryFiles.Absolute("/x/./y"));
         }
 
         [Test]
