@@ -30,7 +30,7 @@ namespace Tolvex
             string character = text.Substring(index, Math.Max(Texts.UnitsAt(text, index), 1));
             int number = character.Length == 2 ? char.ConvertToUtf32(character[0], character[1]) : character[0];
             return new UnprintableTextException("The character " + Hexadecimal(number) + " (" + character + ") at position " +
-                index + " of \"" + Shown(text) + "\" is not in " + codePage + ", the system's ANSI code page, in which " +
+                index + " of \"" + Shown(text, index) + "\" is not in " + codePage + ", the system's ANSI code page, in which " +
                 "receipts are queued. What to do: " + Remedy(parameter == "path") + ", or have the application run under UTF-8 " +
                 "(Windows: in its manifest; Linux: LC_ALL=C.UTF-8).", parameter, character, index, codePage);
         }
@@ -53,9 +53,13 @@ namespace Tolvex
             return "U+" + number.ToString("X4", CultureInfo.InvariantCulture);
         }
 
-        private static string Shown(string text)
+        // Of a long text what is around the position, cut between characters.
+        private static string Shown(string text, int index)
         {
-            return text.Length <= ShownUnits ? text : text.Substring(0, ShownUnits) + "...";
+            int start = Math.Max(index - ShownUnits / 2, 0), end = Math.Min(start + ShownUnits, text.Length);
+            if (start > 0 && char.IsLowSurrogate(text[start])) --start;
+            if (end < text.Length && char.IsLowSurrogate(text[end])) ++end;
+            return (start > 0 ? "..." : "") + text.Substring(start, end - start) + (end < text.Length ? "..." : "");
         }
     }
 }

@@ -1,5 +1,6 @@
 using System;
 using System.Linq;
+using System.Text;
 using NUnit.Framework;
 
 namespace Tolvex.Tests
@@ -125,6 +126,21 @@ namespace Tolvex.Tests
         public void RefusesTheEuroSign()
         {
             CheckRefuses("Äpfel 1.44 €", 11, "U+20AC", "ISO-8859-1");
+        }
+
+        [Test]
+        public void OfALongTextWhatIsAroundTheCharacterIsTold()
+        {
+            string many = string.Concat(Enumerable.Repeat("\U0001F600", 50));
+            var receipt = new Receipt().Text(new string('a', 100) + "\u20AC" + new string('b', 100));
+            StringAssert.Contains(" of \"..." + new string('a', 30) + "\u20AC" + new string('b', 29) + "...\" is not in",
+                Assert.Throws<UnprintableTextException>(() => receipt.Print()).Message);
+            StringAssert.Contains(" of \"\U0001F600", Assert.Throws<UnprintableTextException>(() => Exports.Ansi(many)).Message);
+            foreach (string text in new[] { many, "\u00C4" + many })
+            {
+                string message = Assert.Throws<UnprintableTextException>(() => Exports.Ansi(text)).Message;
+                Assert.AreEqual(message, Texts.FromBytes(Encoding.UTF8.GetBytes(message), 0, Encoding.UTF8.GetByteCount(message)));
+            }
         }
 
         [Test]
