@@ -82,8 +82,9 @@ namespace Tolvex
             }
             else
             {
-                files = LibraryFiles.Candidates(isWindows, AssemblyFolder(), AppDomain.CurrentDomain.BaseDirectory,
-                    AppDomain.CurrentDomain.GetData("NATIVE_DLL_SEARCH_DIRECTORIES") as string);
+                AppDomain domain = AppDomain.CurrentDomain;
+                files = LibraryFiles.Candidates(isWindows, AssemblyFolder(), domain.BaseDirectory, domain.RelativeSearchPath,
+                    domain.GetData("NATIVE_DLL_SEARCH_DIRECTORIES") as string);
             }
 
             var tried = new List<string>();

@@ -15,9 +15,10 @@ namespace Tolvex
         }
 
         // Beside this assembly, as its package has it and as it lies in the folder of packages; then beside the
-        // application; then where a program that is a single file unpacks its libraries.
+        // application and in its folders of assemblies, which a web application has: there this assembly is a copy that
+        // lies elsewhere; then where a program that is a single file unpacks its libraries.
         internal static IList<string> Candidates(bool isWindows, string assemblyFolder, string applicationFolder,
-            string searchFolders)
+            string privateFolders, string searchFolders)
         {
             string name = Name(isWindows);
             string below = Path.Combine("runtimes", isWindows ? "win-x64" : "linux-x64", "native", name);
@@ -32,12 +33,19 @@ namespace Tolvex
             {
                 Add(files, applicationFolder, below);
                 Add(files, applicationFolder, name);
+                foreach (string folder in Folders(privateFolders))
+                {
+                    Add(files, Path.Combine(applicationFolder, folder), below);
+                    Add(files, Path.Combine(applicationFolder, folder), name);
+                }
             }
-            foreach (string folder in (searchFolders ?? "").Split(new[] { Path.PathSeparator }))
-            {
-                if (folder.Length > 0) Add(files, folder, name);
-            }
+            foreach (string folder in Folders(searchFolders)) Add(files, folder, name);
             return files;
+        }
+
+        private static string[] Folders(string list)
+        {
+            return (list ?? "").Split(new[] { Path.PathSeparator }, StringSplitOptions.RemoveEmptyEntries);
         }
 
         // As it is where it cannot be a path at all, such as one in quotes on Windows: then it is told as missing.

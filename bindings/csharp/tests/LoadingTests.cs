@@ -110,6 +110,23 @@ namespace Tolvex.Tests
         }
 
         [Test]
+        public void IsFoundAmongTheAssembliesOfAnApplicationThatRunsCopies()
+        {
+            string library = Put(Real, "site/bin");
+            var setup = new AppDomainSetup { ApplicationBase = Path.Combine(folder, "site"), PrivateBinPath = "bin" };
+            AppDomain site = AppDomain.CreateDomain("site", null, setup);
+            try
+            {
+                CollectionAssert.Contains(LibraryFiles.Candidates(false, Path.Combine(folder, "copies"), site.BaseDirectory,
+                    site.RelativeSearchPath, null), library);
+            }
+            finally
+            {
+                AppDomain.Unload(site);
+            }
+        }
+
+        [Test]
         public void OnlyTheVariableCountsIfItIsSet()
         {
             Put(Real, "app");
@@ -243,15 +260,16 @@ namespace Tolvex.Tests
         [Test]
         public void PlacesOnWindowsAreLookedAtInTheirOrder()
         {
-            IList<string> files = LibraryFiles.Candidates(true, "/p/lib/net45", "/app", "/unpacked/");
+            IList<string> files = LibraryFiles.Candidates(true, "/p/lib/net45", "/app", "bin", "/unpacked/");
             CollectionAssert.AreEqual(new[]
             {
                 "/p/lib/net45/runtimes/win-x64/native/tolvex_dll.dll", "/p/lib/net45/tolvex_dll.dll",
                 "/p/runtimes/win-x64/native/tolvex_dll.dll", "/app/runtimes/win-x64/native/tolvex_dll.dll", "/app/tolvex_dll.dll",
+                "/app/bin/runtimes/win-x64/native/tolvex_dll.dll", "/app/bin/tolvex_dll.dll",
                 "/unpacked/tolvex_dll.dll"
             }, files);
             CollectionAssert.AreEqual(new[] { "/app/runtimes/linux-x64/native/libtolvex_dll.so", "/app/libtolvex_dll.so" },
-                LibraryFiles.Candidates(false, null, "/app", null));
+                LibraryFiles.Candidates(false, null, "/app", null, null));
             string file = Path.Combine(folder, "x.dll");
             File.WriteAllBytes(file, Elf(2, 62));
             Assert.AreEqual("is for 64-bit Linux, needed is 64-bit Windows", LibraryFiles.WhatIsWrong(file, true));
