@@ -935,8 +935,9 @@ const
      Meaning: 'The answer does not fit the caller''s buffer, or no buffer was given.';
      Remedy: 'Pass a larger buffer; a reply has at most 2048 bytes.'),
     (Code: 6; Name: 'TooMuchToPrint'; Text: 'Too Much To Print';
-     Meaning: 'A line has more than 2048 bytes of UTF-8.';
-     Remedy: 'Break the text into shorter lines, or print it with PrintTextByPaperWidth.'),
+     Meaning: 'A line has more than 2048 bytes of UTF-8, or a job is longer than the printer takes.';
+     Remedy: 'Break the text into shorter lines, or print it with PrintTextByPaperWidth; print a long ' +
+      'job as several.'),
     (Code: 7; Name: 'JsonErr'; Text: 'Json Err';
      Meaning: 'The request or the reply is not the JSON that the other side expects.';
      Remedy: 'Check that library and service are of the same version; with DLL=2 in NLog.ini the log ' +

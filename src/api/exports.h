@@ -103,8 +103,9 @@ extern "C" {
        "The answer does not fit the caller's buffer, or no buffer was given.",                  \
        "Pass a larger buffer; a reply has at most 2048 bytes.")                                 \
   CODE(6, TOO_MUCH_TO_PRINT, TooMuchToPrint, "Too Much To Print",                               \
-       "A line has more than 2048 bytes of UTF-8.",                                             \
-       "Break the text into shorter lines, or print it with PrintTextByPaperWidth.")            \
+       "A line has more than 2048 bytes of UTF-8, or a job is longer than the printer takes.",  \
+       "Break the text into shorter lines, or print it with PrintTextByPaperWidth; print a "    \
+       "long job as several.")                                                                  \
   CODE(7, JSON_ERR, JsonErr, "Json Err",                                                        \
        "The request or the reply is not the JSON that the other side expects.",                 \
        "Check that library and service are of the same version; with DLL=2 in NLog.ini the "    \

@@ -44,7 +44,7 @@ namespace Tolvex
         BufferNotEnough = 5,
 
         /// <summary>
-        /// A line has more than 2048 bytes of UTF-8.
+        /// A line has more than 2048 bytes of UTF-8, or a job is longer than the printer takes.
         /// </summary>
         TooMuchToPrint = 6,
 
@@ -180,8 +180,8 @@ namespace Tolvex
                 "The answer does not fit the caller's buffer, or no buffer was given.",
                 "Pass a larger buffer; a reply has at most 2048 bytes.") },
             { 6, new ResultInfo(6, "TooMuchToPrint", "Too Much To Print",
-                "A line has more than 2048 bytes of UTF-8.",
-                "Break the text into shorter lines, or print it with PrintTextByPaperWidth.") },
+                "A line has more than 2048 bytes of UTF-8, or a job is longer than the printer takes.",
+                "Break the text into shorter lines, or print it with PrintTextByPaperWidth; print a long job as several.") },
             { 7, new ResultInfo(7, "JsonErr", "Json Err",
                 "The request or the reply is not the JSON that the other side expects.",
                 "Check that library and service are of the same version; with DLL=2 in NLog.ini the log shows both texts.") },

@@ -844,7 +844,7 @@ export declare const ResultCode: {
    */
   readonly BufferNotEnough: 5;
   /**
-   * Too Much To Print: A line has more than 2048 bytes of UTF-8.
+   * Too Much To Print: A line has more than 2048 bytes of UTF-8, or a job is longer than the printer takes.
    */
   readonly TooMuchToPrint: 6;
   /**

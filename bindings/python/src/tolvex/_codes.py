@@ -96,8 +96,8 @@ RESULT_CODES: Dict[int, Explanation] = {
         6,
         "TooMuchToPrint",
         "Too Much To Print",
-        "A line has more than 2048 bytes of UTF-8.",
-        "Break the text into shorter lines, or print it with PrintTextByPaperWidth.",
+        "A line has more than 2048 bytes of UTF-8, or a job is longer than the printer takes.",
+        "Break the text into shorter lines, or print it with PrintTextByPaperWidth; print a long job as several.",
     ),
     7: Explanation(
         7,
