@@ -28,15 +28,21 @@ unit tolvex;
 {$IFDEF MSWINDOWS}
   {$DEFINE TOLVEX_WINDOWS}
 {$ENDIF}
+{$IFDEF CPUX64} // Delphi
+  {$DEFINE TOLVEX_X64}
+{$ENDIF}
+{$IFDEF CPUX86_64} // Free Pascal
+  {$DEFINE TOLVEX_X64}
+{$ENDIF}
 
 interface
 
 uses
 {$IFDEF FPC}
   {$IFDEF TOLVEX_WINDOWS} Windows, {$ELSE} BaseUnix, dl, {$ENDIF}
-  SysUtils, Classes, SyncObjs, Math;
+  SysUtils, Classes, SyncObjs;
 {$ELSE}
-  Winapi.Windows, System.SysUtils, System.Classes, System.SyncObjs, System.Math;
+  Winapi.Windows, System.SysUtils, System.Classes, System.SyncObjs;
 {$ENDIF}
 
 // ---- The library's constants and records ----
@@ -1735,24 +1741,75 @@ begin
 end;
 
 // Pascal has floating point exceptions switched on, in which code in C does not expect any: they would end a function
-// of the library in its middle. So they are off during each call.
+// of the library in its middle. So they are off during each call, in the processor's registers themselves:
+// SetExceptionMask also keeps its mask for all threads that begin meanwhile.
 type
-  TFloatMask = {$IFDEF FPC}TFPUExceptionMask{$ELSE}TArithmeticExceptionMask{$ENDIF};
+  TFloatState = record
+    Mxcsr: Cardinal;      // exceptions that came, their masks seven bits higher, rounding
+    ControlWord: Cardinal; // of the older unit: masks, rounding; a word
+  end;
 
   TCall = record
     Entry: Pointer;
-    Mask: TFloatMask;
+    Floats: TFloatState;
   end;
 
-function FloatExceptionsOff: TFloatMask;
-begin
-  Result := SetExceptionMask([exInvalidOp, exDenormalized, exZeroDivide, exOverflow, exUnderflow, exPrecision]);
+{$IFDEF TOLVEX_X64}
+{$IFDEF FPC} {$ASMMODE INTEL} {$ENDIF}
+procedure KeepFloats(var AState: TFloatState); {$IFDEF FPC} assembler; nostackframe; {$ENDIF}
+asm
+{$IFDEF TOLVEX_WINDOWS}
+  stmxcsr dword ptr [rcx]
+  fnstcw word ptr [rcx + 4]
+{$ELSE}
+  stmxcsr dword ptr [rdi]
+  fnstcw word ptr [rdi + 4]
+{$ENDIF}
 end;
 
-procedure FloatExceptionsAsBefore(const AMask: TFloatMask);
+// What came meanwhile is forgotten first: switching an exception on would raise it.
+procedure SetFloats(var AState: TFloatState); {$IFDEF FPC} assembler; nostackframe; {$ENDIF}
+asm
+  fnclex
+{$IFDEF TOLVEX_WINDOWS}
+  fldcw word ptr [rcx + 4]
+  ldmxcsr dword ptr [rcx]
+{$ELSE}
+  fldcw word ptr [rdi + 4]
+  ldmxcsr dword ptr [rdi]
+{$ENDIF}
+end;
+{$ELSE}
+// No library is loaded here.
+procedure KeepFloats(var AState: TFloatState);
 begin
-  ClearExceptions(False);
-  SetExceptionMask(AMask);
+  AState.Mxcsr := 0;
+  AState.ControlWord := 0;
+end;
+
+procedure SetFloats(var AState: TFloatState);
+begin
+end;
+{$ENDIF}
+
+function FloatExceptionsOff: TFloatState;
+var
+  Off: TFloatState;
+begin
+  Result.ControlWord := 0;
+  KeepFloats(Result);
+  Result.Mxcsr := Result.Mxcsr and not Cardinal($3F);
+  Off.Mxcsr := Result.Mxcsr or $1F80;
+  Off.ControlWord := Result.ControlWord or $3F;
+  SetFloats(Off);
+end;
+
+procedure FloatExceptionsAsBefore(const AState: TFloatState);
+var
+  Before: TFloatState;
+begin
+  Before := AState;
+  SetFloats(Before);
 end;
 
 // Tries one file; tells what was wrong with it. A name without a folder is the system's to find.
@@ -1760,7 +1817,7 @@ function LoadFile(const APath: UnicodeString; out AProblem: UnicodeString): Bool
 var
   Own: Boolean;
   SystemOfIt: UnicodeString;
-  Mask: TFloatMask;
+  Floats: TFloatState;
 begin
   Result := False;
   Own := (Pos('/', APath) > 0) or (Pos('\', APath) > 0);
@@ -1779,9 +1836,9 @@ begin
     if AProblem <> '' then
       Exit;
   end;
-  Mask := FloatExceptionsOff; // as code that runs when a library is loaded may change it
+  Floats := FloatExceptionsOff; // as code that runs when a library is loaded may change it
   Handle := TryToLoad(APath, AProblem);
-  FloatExceptionsAsBefore(Mask);
+  FloatExceptionsAsBefore(Floats);
   if Handle = nil then
   begin
     if AProblem = '' then
@@ -1898,12 +1955,12 @@ begin
   Result.Entry := Entries[AIndex];
   if Result.Entry = nil then
     Result.Entry := Resolved(AIndex);
-  Result.Mask := FloatExceptionsOff;
+  Result.Floats := FloatExceptionsOff;
 end;
 
 procedure Ended(const ACall: TCall);
 begin
-  FloatExceptionsAsBefore(ACall.Mask);
+  FloatExceptionsAsBefore(ACall.Floats);
 end;
 
 // ---- Code pages ----

@@ -36,6 +36,7 @@ type
     procedure SameAmount(AExpected, AGot: Currency);
     procedure Has(const APart, AWhole: UnicodeString);
     procedure SameRequests(const AExpected: array of RawByteString);
+    procedure AwaitRequest(const ACommand: string);
   end;
 
   TWeighing = class(TSimulatorTest)
@@ -99,6 +100,7 @@ type
     procedure AScaleThreadReportsReadingsAndErrorsInTheMainThread;
     procedure AWorkerDoesNotHoldUpTheMainThread;
     procedure ThreadsThatNeverRanAreFreed;
+    procedure AThreadThatBeginsDuringACallHasItsFloatingPointExceptions;
   end;
 
   TExports = class(TSimulatorTest)
@@ -151,13 +153,14 @@ type
 
 // ---- Help ----
 
+const
+  LongestWait = 30000; // milliseconds
+
 var
   Address: UnicodeString;
 
 // The first call on each connection may fail after the service was restarted.
 procedure TSimulatorTest.AwaitAnswer(AIsThere: TIsThere; const AWhat: string);
-const
-  LongestWait = 30000; // milliseconds
 var
   Start: QWord;
 begin
@@ -246,6 +249,26 @@ begin
   finally
     Found.Free;
   end;
+end;
+
+// Until the simulator has got one.
+procedure TSimulatorTest.AwaitRequest(const ACommand: string);
+var
+  Start: QWord;
+  Found: TStringList;
+  Count: Integer;
+begin
+  Start := GetTickCount64;
+  repeat
+    Found := Sim.Requests(ACommand);
+    Count := Found.Count;
+    Found.Free;
+    if Count > 0 then
+      Exit;
+    if GetTickCount64 - Start > LongestWait then
+      Fail('waited in vain for a request ' + ACommand + ' at the simulator, which ' + Sim.State);
+    Sleep(10);
+  until False;
 end;
 
 function MessageOf(AError: Exception): UnicodeString;
@@ -1206,7 +1229,7 @@ begin
   while ACount < ALeast do
   begin
     CheckSynchronize(10);
-    if GetTickCount64 - Start > 30000 then
+    if GetTickCount64 - Start > LongestWait then
       Fail('waited in vain for ' + AWhat);
   end;
 end;
@@ -1295,6 +1318,44 @@ begin
   end;
   TScaleThread.Create(100).Free;
   TTolvexWorker.Create.Free;
+end;
+
+type
+  TMaskThread = class(TThread)
+  protected
+    procedure Execute; override;
+  public
+    Mask: TFPUExceptionMask;
+  end;
+
+procedure TMaskThread.Execute;
+begin
+  Mask := GetExceptionMask;
+end;
+
+procedure TThreads.AThreadThatBeginsDuringACallHasItsFloatingPointExceptions;
+var
+  Worker: TTolvexWorker;
+  Meanwhile: TMaskThread;
+begin
+  FWorkerDone := 0;
+  FScale := TScale.Create;
+  Worker := TTolvexWorker.Create;
+  Meanwhile := nil;
+  try
+    Sim.Type_('wire no-answer command=getweight');
+    Worker.Run({$IFDEF FPC_OBJFPC}@{$ENDIF}ReadHeldBack, {$IFDEF FPC_OBJFPC}@{$ENDIF}WorkerIsDone);
+    AwaitRequest('getweight');
+    Meanwhile := TMaskThread.Create(False);
+    Meanwhile.WaitFor;
+    CheckTrue(Meanwhile.Mask = GetExceptionMask, 'the mask of a thread that began during a call');
+    Sim.Kill;
+    Await(FWorkerDone, 1, 'the end of the reading');
+  finally
+    Worker.Free;
+    Meanwhile.Free;
+    FScale.Free;
+  end;
 end;
 
 // ---- Exports ----
