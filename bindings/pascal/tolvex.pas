@@ -338,23 +338,23 @@ function PrinterRawCommand(const APrinterName, ACommand: UnicodeString; ANumber:
 
 type
   // What becomes of a receipt. The numbers are those of BeginPrint; types that are the same to the library may
-  // not be to the service.
+  // not be to the service. FP, FLP and FLLP are its own abbreviations.
   TJobType = (
     jtTicket = 0,        // ticket printer: print
     jtLabel = 2,         // label printer: print
     jtTicketFeed = 4,    // ticket printer: print and feed
     jtTicketImage = 7,   // as jtTicket
     jtTicketCut = 8,     // ticket printer: print and cut
-    jtFullPageFeed = 104, // as jtTicketFeed
-    jtFullPageCut = 105,  // as jtTicketCut
+    jtFpFeed = 104,      // as jtTicketFeed
+    jtFpCut = 105,       // as jtTicketCut
     jtLabelImage = 204,  // as jtLabel
     jtLabelDots = 205,   // as jtLabel
     jtLabelFeedAuto = 206, // label printer: print and feed
-    jtLongPageCut = 207, // as jtTicketCut
+    jtFlpCut = 207,      // as jtTicketCut
     jtLabelFeed = 208,   // as jtLabelFeedAuto
     jtThird = 301,       // third printer: print
-    jtThirdFeed = 304,   // third printer: print and feed
-    jtThirdCut = 305);   // third printer: print and cut
+    jtFllpFeed = 304,   // third printer: print and feed
+    jtFllpCut = 305);   // third printer: print and cut
 
   TReceiptPartKind = (rpText, rpWrapped, rpImage);
 

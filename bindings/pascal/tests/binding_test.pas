@@ -919,7 +919,7 @@ begin
   Receipt := TReceipt.Create;
   try
     Receipt.Text('Cheese', 36).PrintLabel;
-    Receipt.Print(jtThirdCut);
+    Receipt.Print(jtFllpCut);
     Receipt.Print(jtLabelFeed);
   finally
     Receipt.Free;
@@ -944,12 +944,12 @@ const
   end = (
     (Job: jtTicket; PrinterType: '1'; Last: 0), (Job: jtLabel; PrinterType: '0'; Last: 0),
     (Job: jtTicketFeed; PrinterType: '1'; Last: 1), (Job: jtTicketImage; PrinterType: '1'; Last: 0),
-    (Job: jtTicketCut; PrinterType: '1'; Last: 2), (Job: jtFullPageFeed; PrinterType: '1'; Last: 1),
-    (Job: jtFullPageCut; PrinterType: '1'; Last: 2), (Job: jtLabelImage; PrinterType: '0'; Last: 0),
+    (Job: jtTicketCut; PrinterType: '1'; Last: 2), (Job: jtFpFeed; PrinterType: '1'; Last: 1),
+    (Job: jtFpCut; PrinterType: '1'; Last: 2), (Job: jtLabelImage; PrinterType: '0'; Last: 0),
     (Job: jtLabelDots; PrinterType: '0'; Last: 0), (Job: jtLabelFeedAuto; PrinterType: '0'; Last: 1),
-    (Job: jtLongPageCut; PrinterType: '1'; Last: 2), (Job: jtLabelFeed; PrinterType: '0'; Last: 1),
-    (Job: jtThird; PrinterType: '2'; Last: 0), (Job: jtThirdFeed; PrinterType: '2'; Last: 1),
-    (Job: jtThirdCut; PrinterType: '2'; Last: 2));
+    (Job: jtFlpCut; PrinterType: '1'; Last: 2), (Job: jtLabelFeed; PrinterType: '0'; Last: 1),
+    (Job: jtThird; PrinterType: '2'; Last: 0), (Job: jtFllpFeed; PrinterType: '2'; Last: 1),
+    (Job: jtFllpCut; PrinterType: '2'; Last: 2));
 var
   Receipt: TReceipt;
   Printed: TStringList;
