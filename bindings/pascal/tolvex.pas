@@ -25,6 +25,11 @@ unit tolvex;
     {$MESSAGE FATAL 'The library is for Windows and Linux; with Delphi choose the platform Win64.'}
   {$ENDIF}
 {$ENDIF}
+// What a project may have set otherwise for all of its units.
+{$BOOLEVAL OFF} {$TYPEDADDRESS OFF} {$EXTENDEDSYNTAX ON} {$LONGSTRINGS ON} {$SCOPEDENUMS OFF}
+{$IFNDEF FPC}
+  {$IF CompilerVersion >= 24.0} {$ZEROBASEDSTRINGS OFF} {$IFEND}
+{$ENDIF}
 {$IFDEF MSWINDOWS}
   {$DEFINE TOLVEX_WINDOWS}
 {$ENDIF}
