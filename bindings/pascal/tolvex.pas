@@ -1185,16 +1185,48 @@ const
   WantedSystem = '64-bit Linux';
 {$ENDIF}
 
+type
+  // Locks of the unit's own stay until the process ends, for a thread may still be calling then. As objects they would
+  // show up among the memory that the application did not free.
+  TLock = record
+  private
+    FSection: TRTLCriticalSection;
+  public
+    procedure Prepare;
+    procedure Acquire;
+    procedure Release;
+  end;
+  PLock = ^TLock;
+
 var
   // One lock for each connection, around a call and the getLastErrCode behind it. The printing one is held for
   // a whole receipt, too.
-  WeighingLock, PrintingLock: TCriticalSection;
-  LoadingLock: TCriticalSection;
+  WeighingLock, PrintingLock: TLock;
+  LoadingLock: TLock;
   Handle: Pointer;
   LoadedFrom: UnicodeString;
   Entries: array[Low(ExportNames)..High(ExportNames)] of Pointer;
   // Lines that could not be taken back are in the library's queue.
   QueueIsSpoiled: Boolean;
+
+procedure TLock.Prepare;
+begin
+{$IFDEF FPC}
+  InitCriticalSection(FSection);
+{$ELSE}
+  InitializeCriticalSection(FSection);
+{$ENDIF}
+end;
+
+procedure TLock.Acquire;
+begin
+  EnterCriticalSection(FSection);
+end;
+
+procedure TLock.Release;
+begin
+  LeaveCriticalSection(FSection);
+end;
 
 // ---- Texts ----
 
@@ -3114,12 +3146,12 @@ end;
 const
   ModuleNames: array[TServiceModule] of RawByteString = ('loadcell', 'print');
 
-function LockOf(AModule: TServiceModule): TCriticalSection;
+function LockOf(AModule: TServiceModule): PLock;
 begin
   if AModule = smWeighing then
-    Result := WeighingLock
+    Result := @WeighingLock
   else
-    Result := PrintingLock;
+    Result := @PrintingLock;
 end;
 
 function ServiceLogLevel(AModule: TServiceModule): UnicodeString;
@@ -3127,11 +3159,11 @@ var
   Reply: TReplyBuffer;
 begin
   FillChar(Reply, SizeOf(Reply), 0);
-  LockOf(AModule).Acquire;
+  LockOf(AModule)^.Acquire;
   try
     CheckCode('getLogLevel', getLogLevel(PAnsiChar(ModuleNames[AModule]), @Reply, WholeReply));
   finally
-    LockOf(AModule).Release;
+    LockOf(AModule)^.Release;
   end;
   Result := TextOf(BytesOf(@Reply, WholeReply));
 end;
@@ -3141,11 +3173,11 @@ var
   Level: RawByteString;
 begin
   Level := CheckedUtf8('The level', ALevel);
-  LockOf(AModule).Acquire;
+  LockOf(AModule)^.Acquire;
   try
     CheckCode('setLogLevel', setLogLevel(PAnsiChar(ModuleNames[AModule]), PAnsiChar(Level)));
   finally
-    LockOf(AModule).Release;
+    LockOf(AModule)^.Release;
   end;
 end;
 
@@ -4546,8 +4578,7 @@ end;
 // generated: end
 
 initialization
-  WeighingLock := TCriticalSection.Create;
-  PrintingLock := TCriticalSection.Create;
-  LoadingLock := TCriticalSection.Create;
-  // They and the library stay until the process ends: a thread may still be calling.
+  WeighingLock.Prepare;
+  PrintingLock.Prepare;
+  LoadingLock.Prepare;
 end.
