@@ -159,7 +159,8 @@ const
 var
   Address: UnicodeString;
 
-// The first call on each connection may fail after the service was restarted.
+// After the service was restarted, calls on the old connection fail until its reset has come: mostly one, but the reset may
+// take a fifth of a second, in which each call fails at once.
 procedure TSimulatorTest.AwaitAnswer(AIsThere: TIsThere; const AWhat: string);
 var
   Start: QWord;
