@@ -1596,16 +1596,20 @@ begin
   Result := (Attributes <> $FFFFFFFF) and (Attributes and FILE_ATTRIBUTE_DIRECTORY = 0);
 end;
 
-// The first bytes of a file.
-function HeadOf(const APath: UnicodeString): RawByteString;
+// The first bytes of a file, and the number of all.
+function HeadOf(const APath: UnicodeString; out ASize: Int64): RawByteString;
 var
   Opened: THandle;
-  Count: Cardinal;
+  Count, High32: Cardinal;
 begin
   Result := '';
+  ASize := 0;
   Opened := CreateFileW(PWideChar(APath), GENERIC_READ, FILE_SHARE_READ, nil, OPEN_EXISTING, 0, 0);
   if Opened = INVALID_HANDLE_VALUE then
     Exit;
+  High32 := 0;
+  ASize := GetFileSize(Opened, @High32);
+  ASize := ASize or Int64(High32) shl 32;
   SetLength(Result, 4096);
   Count := 0;
   if not ReadFile(Opened, PAnsiChar(Result)^, Length(Result), Count, nil) then
@@ -1687,15 +1691,18 @@ begin
   Result := IsFileOf(Utf8Of(APath));
 end;
 
-function HeadOf(const APath: UnicodeString): RawByteString;
+function HeadOf(const APath: UnicodeString; out ASize: Int64): RawByteString;
 var
   Opened: cint;
   Count: TsSize;
 begin
   Result := '';
+  ASize := 0;
   Opened := FpOpen(PAnsiChar(Utf8Of(APath)), O_RDONLY);
   if Opened < 0 then
     Exit;
+  ASize := FpLseek(Opened, 0, SEEK_END);
+  FpLseek(Opened, 0, SEEK_SET);
   SetLength(Result, 4096);
   Count := FpRead(Opened, PAnsiChar(Result), Length(Result));
   FpClose(Opened);
@@ -1759,22 +1766,102 @@ begin
   end;
 end;
 
-// What a library file is for, by its head: "32-bit Windows", or nothing if it is no library.
-function SystemOfFile(const APath: UnicodeString): UnicodeString;
+function Two(const AHead: RawByteString; AOffset: Integer): Cardinal;
+begin
+  Result := ByteAt(AHead, AOffset) or ByteAt(AHead, AOffset + 1) shl 8;
+end;
+
+function Four(const AHead: RawByteString; AOffset: Integer): Int64;
+begin
+  Result := Two(AHead, AOffset) or Int64(Two(AHead, AOffset + 2)) shl 16;
+end;
+
+// An offset in a file; what is beyond all files counts as the longest one.
+function OffsetAt(const AHead: RawByteString; AOffset: Integer): Int64;
+begin
+  if Four(AHead, AOffset + 4) > $FFFF then
+    Result := Int64(1) shl 48
+  else
+    Result := Four(AHead, AOffset) or Four(AHead, AOffset + 4) shl 32;
+end;
+
+// Up to where the head of a library says that there is something.
+function EndOfElf(const AHead: RawByteString): Int64;
+const
+  SegmentSize = 56;
+var
+  Start, Behind: Int64;
+  I: Integer;
+begin
+  Result := 64;
+  if Length(AHead) < Result then
+    Exit;
+  Result := OffsetAt(AHead, 40) + Int64(Two(AHead, 58)) * Two(AHead, 60);
+  Start := OffsetAt(AHead, 32);
+  for I := 1 to Integer(Two(AHead, 56)) do
+  begin
+    if Start + SegmentSize > Length(AHead) then
+      Exit;
+    Behind := OffsetAt(AHead, Start + 8) + OffsetAt(AHead, Start + 32);
+    if Behind > Result then
+      Result := Behind;
+    Start := Start + Two(AHead, 54);
+  end;
+end;
+
+function EndOfPe(const AHead: RawByteString; AStart: Integer): Int64;
+const
+  SectionSize = 40;
+var
+  Start, I: Integer;
+  Behind: Int64;
+begin
+  Result := 0;
+  Start := AStart + 24 + Integer(Two(AHead, AStart + 20));
+  for I := 1 to Integer(Two(AHead, AStart + 6)) do
+  begin
+    if Start + SectionSize > Length(AHead) then
+      Exit;
+    Behind := Four(AHead, Start + 16) + Four(AHead, Start + 20);
+    if Behind > Result then
+      Result := Behind;
+    Start := Start + SectionSize;
+  end;
+end;
+
+// What is wrong with a file as a library, by its head; nothing if it is one for this system. One that is cut short would
+// end the process when it is loaded.
+function ProblemOfFile(const APath: UnicodeString): UnicodeString;
 var
   Head: RawByteString;
   Start: Cardinal;
+  Size, Needed: Int64;
+  ForSystem: UnicodeString;
 begin
-  Result := '';
-  Head := HeadOf(APath);
+  ForSystem := '';
+  Needed := 0;
+  Head := HeadOf(APath, Size);
   if Copy(Head, 1, 4) = RawByteString(#127'ELF') then
-    Result := Bits(ByteAt(Head, 18) or ByteAt(Head, 19) shl 8, 'Linux')
+  begin
+    ForSystem := Bits(Two(Head, 18), 'Linux');
+    Needed := EndOfElf(Head);
+  end
   else if Copy(Head, 1, 2) = RawByteString('MZ') then
   begin
-    Start := ByteAt(Head, $3C) or ByteAt(Head, $3D) shl 8;
+    Start := Two(Head, $3C);
     if Copy(Head, Start + 1, 4) = RawByteString('PE'#0#0) then
-      Result := Bits(ByteAt(Head, Start + 4) or ByteAt(Head, Start + 5) shl 8, 'Windows');
+    begin
+      ForSystem := Bits(Two(Head, Start + 4), 'Windows');
+      Needed := EndOfPe(Head, Start);
+    end;
   end;
+  Result := '';
+  if ForSystem = '' then
+    Result := 'is no library: the file is damaged, or something else'
+  else if ForSystem <> WantedSystem then
+    Result := 'is for ' + ForSystem + ', needed is ' + WantedSystem
+  else if Size < Needed then
+    Result := 'is cut short: it has ' + Num(Size) + ' bytes of at least ' + Num(Needed);
 end;
 
 // Pascal has floating point exceptions switched on, in which code in C does not expect any: they would end a function
@@ -1853,7 +1940,6 @@ end;
 function LoadFile(const APath: UnicodeString; out AProblem: UnicodeString): Boolean;
 var
   Own: Boolean;
-  SystemOfIt: UnicodeString;
   Floats: TFloatState;
 begin
   Result := False;
@@ -1865,11 +1951,7 @@ begin
   end;
   if Own then
   begin
-    SystemOfIt := SystemOfFile(APath);
-    if SystemOfIt = '' then
-      AProblem := 'is no library: the file is damaged, or something else'
-    else if SystemOfIt <> WantedSystem then
-      AProblem := 'is for ' + SystemOfIt + ', needed is ' + WantedSystem;
+    AProblem := ProblemOfFile(APath);
     if AProblem <> '' then
       Exit;
   end;

@@ -1694,6 +1694,19 @@ begin
   FillChar(PAnsiChar(Result)^, ACount, 0);
 end;
 
+function BeginningOf(const AFile: string; ACount: Integer): RawByteString;
+var
+  Stream: TFileStream;
+begin
+  Stream := TFileStream.Create(AFile, fmOpenRead or fmShareDenyNone);
+  try
+    SetLength(Result, ACount);
+    Stream.ReadBuffer(PAnsiChar(Result)^, ACount);
+  finally
+    Stream.Free;
+  end;
+end;
+
 procedure TLoading.EachFileThatIsNoLibraryIsToldWithItsReason;
 const
 {$IFDEF WINDOWS}
@@ -1723,6 +1736,7 @@ begin
 {$ELSE}
   Has('is for 64-bit Windows, needed is ' + Here, Refusal(Made('pe64.dll', Pe)));
 {$ENDIF}
+  Has('is cut short: it has 100000 bytes of at least ', Refusal(Made('short.so', BeginningOf(Needed('TOLVEX_LIBRARY'), 100000))));
   // A head that is right before nothing: the system's own words.
 {$IFDEF UNIX}
   Elf[19] := #62;
