@@ -163,7 +163,8 @@ type
     FPosition: Integer;
     FCodePage: UnicodeString;
   public
-    constructor CreateAt(ACharacter: Cardinal; APosition: Integer; const ACodePage: UnicodeString);
+    constructor CreateAt(ACharacter: Cardinal; APosition: Integer; const ACodePage: UnicodeString;
+      AInPath: Boolean = False);
     // The character's number in Unicode, such as $20AC.
     property Character: Cardinal read FCharacter;
     // Where it stands in the text, from 1.
@@ -1516,7 +1517,8 @@ begin
   Fill(AOperation, Num(FCode) + ' ' + FName + ' (' + FText + ')', AWhat, FRemedy);
 end;
 
-constructor EUnencodableText.CreateAt(ACharacter: Cardinal; APosition: Integer; const ACodePage: UnicodeString);
+constructor EUnencodableText.CreateAt(ACharacter: Cardinal; APosition: Integer; const ACodePage: UnicodeString;
+  AInPath: Boolean);
 var
   Text: UnicodeString;
 begin
@@ -1527,10 +1529,17 @@ begin
     Text := Hex(ACharacter) + ' at position ' + Num(APosition) + ' is half of a surrogate pair, and no character. ' +
       'What to do: find out where the text was cut in two.'
   else
-    Text := 'The character ' + Hex(ACharacter) + ' at position ' + Num(APosition) + ' is not in the code page ' +
-      ACodePage + ', in which receipts are queued. What to do: print the line past the queue with ' +
-      'TPosPrinter.PrintText, run the program under UTF-8 (Windows: activeCodePage in its manifest; ' +
-      'Linux: LC_ALL=C.UTF-8), or set ReplaceUnknown to print "?".';
+  begin
+    Text := 'The character ' + Hex(ACharacter) + ' at position ' + Num(APosition);
+    if AInPath then
+      Text := Text + ' of the image''s path';
+    Text := Text + ' is not in the code page ' + ACodePage + ', in which receipts are queued. What to do: ';
+    if AInPath then
+      Text := Text + 'give the file another name, print it past the queue with TPosPrinter.PrintImage, or '
+    else
+      Text := Text + 'print the line past the queue with TPosPrinter.PrintText, set ReplaceUnknown to print "?", or ';
+    Text := Text + 'run the program under UTF-8 (Windows: activeCodePage in its manifest; Linux: LC_ALL=C.UTF-8).';
+  end;
   inherited Create(MessageOf(Text));
 end;
 
@@ -2115,7 +2124,7 @@ begin
     AppendMemory(ATo, @Bytes, Count);
 end;
 
-function Ansi(const AText: UnicodeString; AReplace: Boolean): RawByteString;
+function Ansi(const AText: UnicodeString; AReplace, AIsPath: Boolean): RawByteString;
 var
   Position, Start: Integer;
   Character: Cardinal;
@@ -2131,7 +2140,7 @@ begin
     if IsSurrogate(Character) or not AppendAnsi(Result, AText, Start, Position - Start) then
     begin
       if not AReplace then
-        raise EUnencodableText.CreateAt(Character, Start, ReceiptCodePage);
+        raise EUnencodableText.CreateAt(Character, Start, ReceiptCodePage, AIsPath);
       AppendByte(Result, Ord('?'));
     end;
   end;
@@ -2277,7 +2286,7 @@ begin
   Result := TextOf(ReceiptCharset);
 end;
 
-function Ansi(const AText: UnicodeString; AReplace: Boolean): RawByteString;
+function Ansi(const AText: UnicodeString; AReplace, AIsPath: Boolean): RawByteString;
 var
   FromUtf16: Pointer;
   Position, Start: Integer;
@@ -2301,7 +2310,7 @@ begin
       if IsSurrogate(Character) or not Converted(FromUtf16, Wide, Bytes) then
       begin
         if not AReplace then
-          raise EUnencodableText.CreateAt(Character, Start, ReceiptCodePage);
+          raise EUnencodableText.CreateAt(Character, Start, ReceiptCodePage, AIsPath);
         Bytes := '?';
       end;
       AppendRaw(Result, Bytes);
@@ -3123,7 +3132,7 @@ begin
   Images := 0;
   for I := 0 to High(FParts) do
   begin
-    Result[I] := Ansi(FParts[I].Text, FReplaceUnknown and (FParts[I].Kind <> rpImage));
+    Result[I] := Ansi(FParts[I].Text, FReplaceUnknown and (FParts[I].Kind <> rpImage), FParts[I].Kind = rpImage);
     case FParts[I].Kind of
       rpText:
         CheckLines(FParts[I].Text, FReplaceUnknown);

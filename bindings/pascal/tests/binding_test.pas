@@ -1485,6 +1485,19 @@ begin
         Has('What to do', MessageOf(E));
       end;
     end;
+    // What helps with a text does not help with the name of a file.
+    Receipt.Clear;
+    Receipt.Image('/' + LettersOfTheTest.Outside + '.bmp');
+    try
+      Receipt.Print;
+      Fail('printed a file whose name the code page lacks');
+    except
+      on E: EUnencodableText do
+      begin
+        Has('of the image''s path', MessageOf(E));
+        Has('TPosPrinter.PrintImage', MessageOf(E));
+      end;
+    end;
     // Past the queue every letter is printed.
     Printer.PrintText(Text);
     SameRequests(['{"cmd":"printtext","printerType":"1","fontsize":"24","text":"' + UTF8Encode(Text) + '"}']);
