@@ -426,7 +426,8 @@ type
   TScaleErrorEvent = procedure(ASender: TObject; AError: Exception) of object;
 
   // Reads the scale in a thread of its own. The events come in the main thread. Created suspended: set the
-  // events, then Start. Free ends it, and waits for a reading that is under way.
+  // events, then Start. Free ends it, and waits for a reading that is under way: not in one of its events, which
+  // the thread itself waits for.
   TScaleThread = class(TThread)
   private
     FScale: TScale;
@@ -451,7 +452,8 @@ type
   TWorkerDone = procedure(AError: Exception) of object;
 
   // Runs calls one after the other in a thread of its own, so that no form waits for the printer. ADone comes
-  // in the main thread. Free waits for the call that is under way, and drops those that have not begun.
+  // in the main thread. Free waits for the call that is under way, whose ADone may not come any more, and drops
+  // those that have not begun; not in ADone.
   TTolvexWorker = class(TThread)
   private
     FLock: TCriticalSection;
