@@ -18,6 +18,7 @@ type
     FProcess: TProcess;
     FRecording: string;
     FRest: string;
+    FSaid: string; // before it was ready
     function ReadLine(const AWaitingFor: string): string;
     procedure WriteLine(const ALine: string);
     procedure EndWithTheTest(ASender: TObject);
@@ -83,6 +84,7 @@ end;
 procedure TSimulator.Launch(const AOptions: array of string);
 var
   I: Integer;
+  Line: string;
 begin
   FProcess := TProcess.Create(nil);
   FProcess.Executable := Needed('ZELKAD_SIM');
@@ -97,7 +99,10 @@ begin
   FProcess.OnForkEvent := @EndWithTheTest;
 {$ENDIF}
   FProcess.Execute;
-  while ReadLine('the simulator to be ready') <> 'zelkad-sim: ready' do ;
+  repeat
+    Line := ReadLine('the simulator to be ready');
+    FSaid := FSaid + Line + #10;
+  until Line = 'zelkad-sim: ready';
 end;
 
 constructor TSimulator.Create;
@@ -196,7 +201,7 @@ begin
     end
     else if HasEnded then
       raise ESimulator.CreateFmt('the simulator ended with %d while the test waited for %s; it said: %s',
-        [FProcess.ExitStatus, AWaitingFor, FRest])
+        [FProcess.ExitStatus, AWaitingFor, FSaid + FRest])
     else if not FProcess.Running then
       HasEnded := True // and its last words may have come meanwhile
     else if GetTickCount64 - Start > LongestWait then
