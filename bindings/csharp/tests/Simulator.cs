@@ -84,6 +84,17 @@ namespace Tolvex.Tests
             if (!process.WaitForExit((int)limit.TotalMilliseconds)) throw new TimeoutException("waited for the simulator to end");
         }
 
+        // Asks until the answer is true.
+        public static void Await(string what, Func<bool> question)
+        {
+            DateTime end = DateTime.UtcNow + limit;
+            while (!question())
+            {
+                if (DateTime.UtcNow > end) throw new TimeoutException("waited " + limit.TotalSeconds + " s for " + what);
+                Thread.Sleep(20);
+            }
+        }
+
         // ---- What is done at its console ----
 
         public void Do(params string[] commands)
