@@ -10,6 +10,7 @@
 // Exit code: 0 the sale went through, 1 it did not.
 using System;
 using System.Globalization;
+using System.Linq;
 using System.Threading;
 using Tolvex;
 
@@ -46,7 +47,7 @@ internal static class Checkout
     {
         var scale = new Scale();
         ScaleInfo info = scale.Info();
-        Console.WriteLine("Scale up to " + info.MaxRanges[2] + " " + info.Unit + ", version " + info.SystemVersion);
+        Console.WriteLine("Scale up to " + info.MaxRanges.Max() + " " + info.Unit + ", version " + info.SystemVersion);
 
         WaitFor(scale, "Please put the empty bowl on the scale.", reading => reading.Net > 0);
         Console.WriteLine("  tare " + Kilograms(scale.Tare() ?? scale.Read().Tare.Value));
@@ -87,7 +88,8 @@ internal static class Checkout
             .Blank(2); // up to the knife, which sits above the head
     }
 
-    // The receipt keeps its lines, so that it can be printed again. What came out before is cut off first.
+    // The receipt keeps its lines, so that it can be printed again where the paper's end cut it short; what came out
+    // before is cut off first. After any other failure, somebody has to look at the paper: all of it may be there.
     private static void Print(Receipt receipt)
     {
         for (int tries = 1; ; ++tries)
@@ -97,7 +99,7 @@ internal static class Checkout
                 receipt.Print(JobType.TicketCut);
                 return;
             }
-            catch (TolvexException e) when (tries < MaxTries)
+            catch (TolvexException e) when (e.Code == ResultCode.OutOfPaper && tries < MaxTries)
             {
                 Console.WriteLine(e.Message);
                 WaitForPrinter();
