@@ -54,7 +54,7 @@ async function sell() {
   setServer(process.argv[2] ?? '127.0.0.1');
   if (!(await checkConnection())) throw new Error('The service does not answer. Is zelkad (or zelkad-sim) running?');
   const { unit, maxRange, resolution } = await scale.info();
-  console.log(`Scale up to ${maxRange[0]} ${unit}, in steps of ${resolution[0]} ${unit}`);
+  console.log(`Scale up to ${Math.max(...maxRange)} ${unit}, in steps of ${resolution[0]} ${unit} and more`);
 
   const units = await weigh();
   const cents = Math.round((units * kCentsPerKg) / 10000);

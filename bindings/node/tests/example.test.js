@@ -15,7 +15,7 @@ test('the sale goes through, though the paper ends in the middle of the receipt'
   await import(pathToFileURL(path.join(__dirname, '../examples/checkout.mjs')));
   t.mock.restoreAll();
   assert.deepEqual(printed, [
-    'Scale up to 3 kg, in steps of 0.001 kg',
+    'Scale up to 15 kg, in steps of 0.001 kg and more',
     '> Please put the empty bowl on the scale.',
     '  tare 0.120',
     '> Please put the cheese into the bowl.',
