@@ -15,6 +15,7 @@ import path from 'node:path';
 import readline from 'node:readline';
 import { fileURLToPath } from 'node:url';
 
+const kEndLimit = 20_000;
 const kStartLimit = 60000;
 const kTestLimit = 240000;
 
@@ -35,7 +36,8 @@ async function startSimulator() {
   const recording = path.join(folder, `recording-${recordings}.jsonl`);
   const [command, ...launched] = required('ZELKAD_SIM').split(' ');
   const child = spawn(command, [...launched, '--quiet', '--address', address, '--web-port', '0',
-    '--record', forTheTest(recording), ...process.argv.slice(3)], { stdio: ['ignore', 'pipe', 'inherit'], cwd: folder });
+    '--record', forTheTest(recording), ...(isWine ? ['--console'] : []), ...process.argv.slice(3)],
+  { stdio: [isWine ? 'pipe' : 'ignore', 'pipe', 'inherit'], cwd: folder });
   const limit = setTimeout(() => child.kill(), kStartLimit);
   let url = null;
   for await (const line of readline.createInterface({ input: child.stdout })) {
@@ -49,11 +51,15 @@ async function startSimulator() {
   return { url, recording: forTheTest(recording) };
 }
 
+// Wine may keep connections of a program that was killed, open and silent: there it is asked to end.
 async function killSimulator() {
   if (!simulator) return;
-  simulator.child.kill('SIGKILL');
-  await simulator.ended;
+  const { child, ended } = simulator;
   simulator = null;
+  if (isWine) child.stdin.end('quit\n');
+  const limit = setTimeout(() => child.kill('SIGKILL'), isWine ? kEndLimit : 0);
+  await ended;
+  clearTimeout(limit);
 }
 
 // A path as programs under Wine see it.

@@ -137,7 +137,7 @@ begin
   finally
     Lines.Free;
   end;
-  Launch(['--replay', FRecording]);
+  Launch(['--console', '--replay', FRecording]);
 end;
 
 destructor TSimulator.Destroy;
@@ -166,7 +166,19 @@ begin
 end;
 
 procedure TSimulator.Kill;
+{$IFDEF WINDOWS}
+// Wine may keep connections of a program that was killed, open and silent: there it is asked to end.
+var
+  Start: QWord;
 begin
+  if FProcess.Running then
+    WriteLine('quit');
+  Start := GetTickCount64;
+  while FProcess.Running and (GetTickCount64 - Start < LongestWait) do
+    Sleep(1);
+{$ELSE}
+begin
+{$ENDIF}
   if FProcess.Running then
     FProcess.Terminate(9);
   FProcess.WaitOnExit;
