@@ -15,7 +15,7 @@ if(TOLVEX_SANITIZE)
   if(TOLVEX_SANITIZE MATCHES "undefined")
     # Checks of each pointer before it is used take the half of that again, in the templates of others above all,
     # and AddressSanitizer sees those that are bad. The library has them.
-    target_compile_options(tolvex_options INTERFACE 
+    target_compile_options(tolvex_options INTERFACE
       $<$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>:-fno-sanitize=null,vptr,alignment,object-size,pointer-overflow>)
   endif()
   target_link_options(tolvex_options INTERFACE -fsanitize=${TOLVEX_SANITIZE})
