@@ -19,6 +19,7 @@ source=$(cd "$1" && pwd) build=$(cd "$2" && pwd) document=$3 folder=$4 address=$
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 failures=0
 background=()
+started=0
 fail() {
   printf 'FAILED: %s:%s: %s\n' "$document" "$1" "$2" >&2
   failures=$((failures + 1))
@@ -69,7 +70,9 @@ matches() {
 # A command that ends in "&" goes on until the document is done, or says <!-- stop -->; it has begun
 # when it says "ready".
 start_command() {
-  local process output=$folder/.background-${#background[@]}
+  # A file of its own: what an earlier one printed, "ready" too, must not be taken for this one's.
+  local process output=$folder/.background-$((started += 1))
+  : >"$output"
   printf '. %q\nexec %s\n' "$folder/.state" "$1" >"$folder/.start"
   bash "$folder/.start" >"$output" 2>&1 </dev/null &
   process=$!
