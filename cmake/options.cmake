@@ -19,9 +19,14 @@ if(TOLVEX_SANITIZE)
       $<$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>:-fno-sanitize=null,vptr,alignment,object-size,pointer-overflow>)
   endif()
   target_link_options(tolvex_options INTERFACE -fsanitize=${TOLVEX_SANITIZE})
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    target_compile_options(tolvex_options INTERFACE
+      -fsanitize-ignorelist=${PROJECT_SOURCE_DIR}/cmake/sanitizer-ignorelist.txt
+      $<$<COMPILE_LANGUAGE:CXX>:-fsized-deallocation>) # as C++ says, and GCC does
+  endif()
   if(TOLVEX_SANITIZE MATCHES "thread")
     # Boost.Asio's fences, beside the locks that ThreadSanitizer does understand.
-    target_compile_options(tolvex_options INTERFACE -Wno-tsan)
+    target_compile_options(tolvex_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-tsan>)
   endif()
 else()
   # No file that is built may tell where: two folders give the same bytes.
