@@ -1,15 +1,10 @@
 // The commands of a print job: text, pictures, and the end of the job.
 #include <gtest/gtest.h>
 
-#include <limits>
-
 #include "service/service_test.h"
 
 namespace tolvex {
 namespace {
-
-constexpr int kLowest = std::numeric_limits<int>::min();
-constexpr int kHighest = std::numeric_limits<int>::max();
 
 // Every character that JSON wants escaped, and how it goes out.
 std::string controlCharacters() {

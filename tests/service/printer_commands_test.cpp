@@ -38,12 +38,12 @@ TEST_F(OverloadAlarm, KeepsAMissingConnection) {
   EXPECT_EQ(half.getLastErrCode(), 2001);
 }
 
-constexpr char kReply[] = R"({"result":"2006","a":"b"})";  // 25 bytes
+constexpr char kPrinterReply[] = R"({"result":"2006","a":"b"})";  // 25 bytes
 
 class RawPrinterCommand : public ServiceTest {
  protected:
   RawPrinterCommand() {
-    printing.reply = kReply;
+    printing.reply = kPrinterReply;
     leaveLastError(77);
   }
 
@@ -138,12 +138,12 @@ TEST_F(RawPrinterCommand, WithoutABufferReturnsTheCode) {
 
 TEST_F(RawPrinterCommand, IntoABufferOfTheExactSizeHasNoTerminator) {
   EXPECT_EQ(raw("P", "x", nullptr, out.data(), 25), 2006U);
-  EXPECT_EQ(out, kReply + std::string(7, '#'));
+  EXPECT_EQ(out, kPrinterReply + std::string(7, '#'));
 }
 
 TEST_F(RawPrinterCommand, IntoOneByteLessCopiesTheBeginning) {
   EXPECT_EQ(raw("P", "x", nullptr, out.data(), 24), 5U);
-  EXPECT_EQ(out, std::string(kReply).substr(0, 24) + std::string(8, '#'));
+  EXPECT_EQ(out, std::string(kPrinterReply).substr(0, 24) + std::string(8, '#'));
   expectLastErrorUnchanged();
 }
 

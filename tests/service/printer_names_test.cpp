@@ -19,12 +19,12 @@ struct NamingCommand {
 void PrintTo(const NamingCommand& command, std::ostream* out) { *out << command.testName; }
 
 // The whole reply of the version goes here.
-char version[2048];
+char versionReply[2048];
 
 const NamingCommand kNamingCommands[] = {
     {"GetPrinterVersion",
      [](VcoClientApi& client, const char* name) {
-       return client.getPrinterVersion(version, sizeof(version), name);
+       return client.getPrinterVersion(versionReply, sizeof(versionReply), name);
      },
      R"({"cmd":"getprinterversion","printerName":")", R"("})"},
     {"SetLeftMargin",

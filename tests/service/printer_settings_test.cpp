@@ -2,16 +2,12 @@
 // all printer commands.
 #include <gtest/gtest.h>
 
-#include <limits>
 #include <ostream>
 
 #include "service/service_test.h"
 
 namespace tolvex {
 namespace {
-
-constexpr int kLowest = std::numeric_limits<int>::min();
-constexpr int kHighest = std::numeric_limits<int>::max();
 
 struct Setter {
   const char* testName;

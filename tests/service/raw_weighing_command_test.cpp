@@ -5,12 +5,12 @@
 namespace tolvex {
 namespace {
 
-constexpr char kReply[] = R"({"result":"1002","a":"b"})";  // 25 bytes
+constexpr char kScaleReply[] = R"({"result":"1002","a":"b"})";  // 25 bytes
 
 class RawWeighingCommand : public ServiceTest {
  protected:
   RawWeighingCommand() {
-    weighing.reply = kReply;
+    weighing.reply = kScaleReply;
     leaveLastError(77);
   }
 
@@ -30,7 +30,7 @@ TEST_F(RawWeighingCommand, SendsTheCommandAndItsParameters) {
 
 TEST_F(RawWeighingCommand, CopiesTheWholeReply) {
   raw("x", "y", out.data(), 30);
-  EXPECT_EQ(out, kReply + std::string(5, '\0') + "##");
+  EXPECT_EQ(out, kScaleReply + std::string(5, '\0') + "##");
 }
 
 TEST_F(RawWeighingCommand, SendsNoParametersForANull) {
@@ -78,12 +78,12 @@ TEST_F(RawWeighingCommand, WithoutABufferReturnsTheCode) {
 
 TEST_F(RawWeighingCommand, IntoABufferOfTheExactSizeHasNoTerminator) {
   EXPECT_EQ(raw("x", nullptr, out.data(), 25), 1002U);
-  EXPECT_EQ(out, kReply + std::string(7, '#'));
+  EXPECT_EQ(out, kScaleReply + std::string(7, '#'));
 }
 
 TEST_F(RawWeighingCommand, IntoOneByteLessCopiesTheBeginning) {
   EXPECT_EQ(raw("x", nullptr, out.data(), 24), 5U);
-  EXPECT_EQ(out, std::string(kReply).substr(0, 24) + std::string(8, '#'));
+  EXPECT_EQ(out, std::string(kScaleReply).substr(0, 24) + std::string(8, '#'));
   expectLastErrorUnchanged();
 }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,10 @@ namespace tolvex {
 using Texts = std::vector<std::string>;
 
 constexpr unsigned kUnreadable = 0xFFFFFFFFU;  // what the client returns for an unreadable reply
+
+// The numbers furthest out that an application can pass.
+constexpr int kLowest = std::numeric_limits<int>::min();
+constexpr int kHighest = std::numeric_limits<int>::max();
 
 // A client between two scripted connections.
 class ServiceTest : public ::testing::Test {
