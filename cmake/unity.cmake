@@ -3,7 +3,7 @@
 # does what shares a name in an anonymous namespace with its neighbours and says
 # SKIP_UNITY_BUILD_INCLUSION.
 #   tolvex_unity(TARGET)
-set(tolvex_unity_most 12)
+set(tolvex_unity_most 24)
 function(tolvex_unity target)
   if(NOT TOLVEX_UNITY)
     return()
