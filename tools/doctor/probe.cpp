@@ -21,7 +21,7 @@ constexpr int kRefused = 10061;
 constexpr int kHostUnreachable = 10065;
 
 constexpr std::size_t kMostLookedAt = std::size_t{2} * kLongestReply;
-constexpr milliseconds kNextPiece(300);  // how long the rest of a reply may take
+constexpr milliseconds kNextPiece(1000);  // how long the rest of a reply may take
 
 // The socket library, in use.
 class SocketUse {
@@ -101,8 +101,10 @@ PortState stateOf(int error) {
 ReplyState readOn(Connection& connection, ReplyProbe& probe, milliseconds limit) {
   const auto end = Clock::now() + limit;
   std::string whole = probe.reply;
-  while (whole.size() < kMostLookedAt && Clock::now() < end &&
-         connection.receive(whole, kNextPiece) == ReplyState::Unreadable) {
+  while (whole.size() < kMostLookedAt) {
+    const auto left = std::chrono::ceil<milliseconds>(end - Clock::now());
+    if (left <= milliseconds(0)) break;
+    if (connection.receive(whole, std::min(left, kNextPiece)) != ReplyState::Unreadable) break;
     if (!isReadableReply(whole, probe.code)) continue;
     probe.reply = whole;
     return ReplyState::InPieces;
