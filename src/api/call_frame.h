@@ -1,6 +1,8 @@
 // What every export that uses the service is built from.
 #pragma once
 
+#include "platform/floating_point.h"
+
 namespace tolvex {
 
 class VcoClientApi;
@@ -15,9 +17,11 @@ constexpr int kCodeOfException = 1;      // "Unknown", where it answers with the
 constexpr int kCodeWithoutClient = 255;  // of the forwarders that check for a client
 
 // Runs the body of an export and returns its result. No exception passes into the host application:
-// every one becomes the given result.
+// every one becomes the given result. What is computed does not depend on the host application's
+// floating-point environment.
 template <typename Body>
 int guarded(int resultOfException, Body&& body) noexcept {
+  const platform::DefaultFloatingPoint environment;
   try {
     return body();
   } catch (...) {
