@@ -52,7 +52,7 @@ function(tolvex_torture)
   endif()
   set(words ${launched} ${arg_COMMAND} ${arg_FULL})
   list(TRANSFORM words REPLACE "'" "'\\\\''")
-  list(TRANSFORM words REPLACE "^(.*)$" "'\\1'")
+  list(TRANSFORM words REPLACE "^(.+)$" "'\\1'")
   list(JOIN words " " words)
   string(REPLACE "'" "'\\''" promise "${arg_PROMISE}")
   file(GENERATE OUTPUT ${CMAKE_BINARY_DIR}/torture/${arg_NAME} CONTENT

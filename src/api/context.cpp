@@ -11,6 +11,7 @@
 #include "config/ini_reader.h"
 #include "config/ip_address.h"
 #include "log/nlog.h"
+#include "platform/library.h"
 #include "platform/paths.h"
 #include "service/vco_client_api.h"
 
@@ -90,6 +91,7 @@ void openConnection(CTcpClient& connection, const char* name, const std::string&
 }
 
 VcoClientApi* createContext() {
+  platform::keepLoaded();
   NLog::GetInstance("DLL", platform::libraryLogDirectory().c_str());
   const std::string address = settledAddress();
   logBanner();
@@ -109,6 +111,7 @@ VcoClientApi* libraryClient() {
 }
 
 bool chooseServerAddress(const char* address) {
+  platform::keepLoaded();  // for the log
   const std::string text = address != nullptr ? address : "";
   if (!config::isIpv4Address(text)) {
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 127,

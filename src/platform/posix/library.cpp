@@ -1,0 +1,7 @@
+#include "platform/library.h"
+
+namespace tolvex::platform {
+
+void keepLoaded() {}  // -z nodelete
+
+}  // namespace tolvex::platform
