@@ -9,6 +9,7 @@ namespace tolvex::platform::net {
 using Socket = std::uintptr_t;
 constexpr Socket kInvalidSocket = ~static_cast<Socket>(0);
 constexpr std::uint32_t kNoAddress = 0xFFFFFFFF;  // also what 255.255.255.255 reads as
+constexpr std::uint32_t kSendTimeoutMs = 40000;
 
 // Starts and ends the use of the socket library (Winsock 2.2); calls nest. POSIX needs neither.
 void startUp();
@@ -18,8 +19,9 @@ void cleanUp();
 // peer" ...), 0 when its latest call here succeeded.
 int lastError();
 
-// A blocking IPv4 stream socket that child processes do not inherit; kInvalidSocket on failure.
-Socket createTcp();
+// A blocking IPv4 stream socket that child processes do not inherit, whose sends wait for room at most
+// sendTimeoutMs; kInvalidSocket on failure.
+Socket createTcp(std::uint32_t sendTimeoutMs = kSendTimeoutMs);
 
 // Shuts both directions down. The handle stays in use until release().
 void shutDown(Socket socket);
@@ -50,8 +52,9 @@ Readiness wait(Socket socket, std::uint32_t timeoutMs, bool forWrite);
 // The socket's own pending error (SO_ERROR), as a Winsock number. Returns whether it could be read.
 bool pendingError(Socket socket, int& error);
 
-// One send() or recv(); the result is theirs (-1 with lastError() set on failure). Sending to a
-// closed connection raises no signal.
+// One send() or recv(); the result is theirs (-1 with lastError() set on failure). A send waits for
+// room within the socket's time, and fails with 10060 when nothing was taken then, never with 10035,
+// whether the socket is blocking or not. Sending to a closed connection raises no signal.
 int send(Socket socket, const char* data, unsigned length);
 int receive(Socket socket, char* buffer, unsigned length);
 

@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <chrono>
+#include <string>
 #include <thread>
 
 #include "platform/socket.h"
@@ -38,6 +39,25 @@ TEST_F(PosixSocket, RaisesNoSignalWhenTheConnectionIsGone) {
   shutDown(socket_);
   EXPECT_EQ(send(socket_, &byte_, 1), -1);
   EXPECT_EQ(lastError(), 10054);
+}
+
+TEST_F(PosixSocket, SignalsDoNotLengthenASendThatWaits) {
+  const Socket other = createTcp(300);
+  ASSERT_EQ(connectTo(other, test::kLoopback, port_.number()), 0);
+  struct sigaction action = {};
+  action.sa_handler = [](int) {};
+  sigaction(SIGALRM, &action, nullptr);
+  itimerval often = {};
+  often.it_interval.tv_usec = often.it_value.tv_usec = 10000;
+  setitimer(ITIMER_REAL, &often, nullptr);
+  const std::string block(1 << 20, 'x');
+  const auto start = std::chrono::steady_clock::now();
+  int sent = 0;
+  while (sent >= 0) sent = send(other, block.data(), static_cast<unsigned>(block.size()));
+  EXPECT_EQ(lastError(), 10060);
+  setitimer(ITIMER_REAL, nullptr, nullptr);
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
+  release(other);
 }
 
 TEST_F(PosixSocket, TranslatesABadDescriptor) {

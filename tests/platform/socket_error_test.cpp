@@ -31,19 +31,6 @@ TEST_F(SocketError, IsWouldBlockWhenThereIsNothingToReceive) {
   EXPECT_EQ(lastError(), 10035);
 }
 
-TEST_F(SocketError, IsWouldBlockWhenNothingMoreCanBeSent) {
-  const test::Listener port;
-  ASSERT_EQ(connectTo(socket_, test::kLoopback, port.number()), 0);
-  ASSERT_TRUE(setNonBlocking(socket_, true));
-  const std::string much(1 << 20, 'x');
-  int sent = 1;
-  for (int i = 0; i < 10000 && sent > 0; ++i) {
-    sent = send(socket_, much.data(), static_cast<unsigned>(much.size()));
-  }
-  EXPECT_EQ(sent, -1);
-  EXPECT_EQ(lastError(), 10035);
-}
-
 TEST_F(SocketError, IsNotConnectedWhenReceivingWithoutAConnection) {
   EXPECT_EQ(receive(socket_, &byte_, 1), -1);
   EXPECT_EQ(lastError(), 10057);

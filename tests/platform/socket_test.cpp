@@ -95,6 +95,8 @@ TEST_F(SocketTest, EndsItsOwnReceivingByTheShutdown) {
 
 TEST_F(SocketTest, SendsPartOfWhatTheSystemDoesNotTakeWhole) {
   const test::Listener port;
+  release(socket_);
+  socket_ = createTcp(200);
   connect(port);
   ASSERT_TRUE(setNonBlocking(socket_, true));
   const std::string much(64 << 20, 'x');

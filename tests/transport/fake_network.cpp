@@ -68,7 +68,7 @@ int lastError() {
   return network.lastError;
 }
 
-Socket createTcp() {
+Socket createTcp(std::uint32_t) {
   static Socket count = 0;
   const std::lock_guard<std::mutex> lock(mutex);
   const bool made = nextResult(network.creates, 0) >= 0;

@@ -37,6 +37,9 @@ constexpr ErrorPair kLookUpErrors[] = {{EAI_NONAME, 11001}, {EAI_AGAIN, 11002}, 
 constexpr int kNoData = 11004;
 constexpr int kWouldBlock = 10035;
 constexpr int kNotASocket = 10038;
+constexpr int kNoBuffers = 10055;
+constexpr int kTimedOut = 10060;
+constexpr int kMicrosecondsOfOne = 1000;  // millisecond
 constexpr int kRefused = 10061;
 
 thread_local int lastErrorOfThread = 0;
@@ -66,20 +69,55 @@ auto resumed(Call call) {
 
 int descriptor(Socket socket) { return static_cast<int>(socket); }
 
+using Clock = std::chrono::steady_clock;
+
+std::int64_t millisecondsUntil(Clock::time_point deadline) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now());
+  return std::max<std::int64_t>(left.count(), 0);
+}
+
 // poll() until the deadline, however often a signal interrupts it.
-int pollUntil(pollfd& entry, std::uint32_t timeoutMs) {
-  using Clock = std::chrono::steady_clock;
-  const auto deadline = Clock::now() + std::chrono::milliseconds(timeoutMs);
-  std::int64_t left = timeoutMs;
+int pollUntil(pollfd& entry, Clock::time_point deadline) {
+  // Rounded up, so that the wait does not end a fraction of a millisecond early.
+  std::int64_t left = millisecondsUntil(deadline);
   for (;;) {
     const int slice = static_cast<int>(std::min<std::int64_t>(left, INT_MAX));
     const int count = poll(&entry, 1, slice);
     if (count > 0 || (count < 0 && errno != EINTR)) return count;
     if (count == 0 && slice == left) return 0;
-    // Rounded up, so that the last wait does not end a fraction of a millisecond early.
-    left = std::chrono::ceil<std::chrono::milliseconds>(deadline - Clock::now()).count();
-    if (left <= 0) left = 0;
+    left = millisecondsUntil(deadline);
   }
+}
+
+// Waits until the socket takes bytes again, or is broken. Returns false when it does neither until
+// the deadline, or cannot be asked.
+bool waitForRoom(Socket socket, Clock::time_point deadline) {
+  pollfd entry = {descriptor(socket), POLLOUT, 0};
+  if (noted(pollUntil(entry, deadline)) > 0) return true;
+  if (lastErrorOfThread == 0 || lastErrorOfThread == kWouldBlock) lastErrorOfThread = kTimedOut;
+  return false;
+}
+
+std::chrono::milliseconds sendTimeout(Socket socket) {
+  timeval timeout = {};
+  socklen_t length = sizeof(timeout);
+  getsockopt(descriptor(socket), SOL_SOCKET, SO_SNDTIMEO, &timeout, &length);
+  return std::chrono::seconds(timeout.tv_sec) +
+         std::chrono::milliseconds(timeout.tv_usec / kMicrosecondsOfOne);
+}
+
+// Sends what a socket did not take at once, for as long as a blocking send may. Returns what it took.
+int sendRest(Socket socket, const char* data, unsigned length) {
+  const auto deadline = Clock::now() + sendTimeout(socket);
+  unsigned sent = 0;
+  while (sent < length && waitForRoom(socket, deadline)) {
+    const auto taken = resumed([&] {
+      return ::send(descriptor(socket), data + sent, length - sent, MSG_NOSIGNAL | MSG_DONTWAIT);
+    });
+    if (taken > 0) sent += static_cast<unsigned>(taken);
+    if (taken < 0 && lastErrorOfThread != kWouldBlock) break;
+  }
+  return sent > 0 ? static_cast<int>(sent) : -1;
 }
 
 }  // namespace
@@ -90,9 +128,17 @@ void cleanUp() {}
 
 int lastError() { return lastErrorOfThread; }
 
-Socket createTcp() {
+Socket createTcp(std::uint32_t sendTimeoutMs) {
   const int socket = noted(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
-  return socket < 0 ? kInvalidSocket : static_cast<Socket>(socket);
+  if (socket < 0) return kInvalidSocket;
+  timeval timeout = {};
+  timeout.tv_sec = sendTimeoutMs / 1000;
+  timeout.tv_usec = static_cast<suseconds_t>(sendTimeoutMs % 1000) * kMicrosecondsOfOne;
+  if (noted(setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, &timeout, sizeof(timeout))) != 0) {
+    ::close(socket);
+    return kInvalidSocket;
+  }
+  return static_cast<Socket>(socket);
 }
 
 void shutDown(Socket socket) { noted(::shutdown(descriptor(socket), SHUT_RDWR)); }
@@ -143,7 +189,9 @@ int connectTo(Socket socket, std::uint32_t hostOrderAddress, std::uint16_t port)
 
 Readiness wait(Socket socket, std::uint32_t timeoutMs, bool forWrite) {
   pollfd entry = {descriptor(socket), static_cast<short>(forWrite ? POLLOUT : POLLIN), 0};
-  const int count = noted(pollUntil(entry, timeoutMs));
+  const int count = noted(pollUntil(entry, Clock::now() + std::chrono::milliseconds(timeoutMs)));
+  // The system lacks memory; it is no wait that would block, which is to be begun again.
+  if (count < 0 && lastErrorOfThread == kWouldBlock) lastErrorOfThread = kNoBuffers;
   if (count < 1) return {count, false, false};
   if ((entry.revents & POLLNVAL) != 0) {
     lastErrorOfThread = kNotASocket;
@@ -166,8 +214,14 @@ bool pendingError(Socket socket, int& error) {
 }
 
 int send(Socket socket, const char* data, unsigned length) {
-  return static_cast<int>(
-      resumed([&] { return ::send(descriptor(socket), data, length, MSG_NOSIGNAL); }));
+  const auto sent = resumed(
+      [&] { return ::send(descriptor(socket), data, length, MSG_NOSIGNAL | MSG_DONTWAIT); });
+  if (sent < 0) return lastErrorOfThread == kWouldBlock ? sendRest(socket, data, length) : -1;
+  const auto taken = static_cast<unsigned>(sent);
+  if (taken == length) return static_cast<int>(sent);
+  const int rest = sendRest(socket, data + taken, length - taken);
+  lastErrorOfThread = 0;
+  return static_cast<int>(taken) + std::max(rest, 0);
 }
 
 int receive(Socket socket, char* buffer, unsigned length) {

@@ -15,10 +15,17 @@ void cleanUp() { WSACleanup(); }
 
 int lastError() { return WSAGetLastError(); }
 
-Socket createTcp() {
+Socket createTcp(std::uint32_t sendTimeoutMs) {
   const SOCKET socket = ::socket(AF_INET, SOCK_STREAM, 0);
-  if (socket != INVALID_SOCKET) {
-    SetHandleInformation(reinterpret_cast<HANDLE>(socket), HANDLE_FLAG_INHERIT, 0);
+  if (socket == INVALID_SOCKET) return kInvalidSocket;
+  SetHandleInformation(reinterpret_cast<HANDLE>(socket), HANDLE_FLAG_INHERIT, 0);
+  const DWORD timeout = sendTimeoutMs;
+  if (::setsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, reinterpret_cast<const char*>(&timeout),
+                   sizeof(timeout)) != 0) {
+    const int error = WSAGetLastError();
+    ::closesocket(socket);
+    WSASetLastError(error);
+    return kInvalidSocket;
   }
   return socket;
 }
@@ -76,7 +83,18 @@ bool pendingError(Socket socket, int& error) {
 }
 
 int send(Socket socket, const char* data, unsigned length) {
-  return ::send(socket, data, static_cast<int>(length), 0);
+  const int sent = ::send(socket, data, static_cast<int>(length), 0);
+  if (sent >= 0 || WSAGetLastError() != WSAEWOULDBLOCK) return sent;
+  // A socket that is not blocking, since it could not be made so again.
+  DWORD timeout = 0;
+  int size = sizeof(timeout);
+  ::getsockopt(socket, SOL_SOCKET, SO_SNDTIMEO, reinterpret_cast<char*>(&timeout), &size);
+  if (wait(socket, timeout, true).ready) {
+    const int again = ::send(socket, data, static_cast<int>(length), 0);
+    if (again >= 0 || WSAGetLastError() != WSAEWOULDBLOCK) return again;
+  }
+  WSASetLastError(WSAETIMEDOUT);
+  return -1;
 }
 
 int receive(Socket socket, char* buffer, unsigned length) {
