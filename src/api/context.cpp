@@ -22,16 +22,24 @@ constexpr unsigned kWeighingPort = 53264;
 constexpr unsigned kPrintingPort = 53265;
 constexpr char kIniName[] = "zelkad_ip_config.ini";
 constexpr char kAddressKey[] = "zelkad.ip_addr";
+constexpr char kResyncKey[] = "zelkad.resync";
 
-// The address and whether it is settled. Never destroyed: calls may come until the process is gone.
-struct ServerAddress {
+// What the context is made of.
+struct Settings {
+  std::string address = "127.0.0.1";
+  bool resync = false;
+};
+
+// The settings so far, and which are settled. Never destroyed: calls may come until the process is gone.
+struct SettledSettings {
   RecursiveLock lock;
-  std::string text = "127.0.0.1";
-  bool chosen = false;  // from then on the INI file is not read
+  Settings now;
+  bool addressChosen = false;  // from then on not taken from the INI file
+  bool iniTried = false;
 
-  static ServerAddress& instance() {
-    static ServerAddress* const address = new ServerAddress;
-    return *address;
+  static SettledSettings& instance() {
+    static SettledSettings* const settings = new SettledSettings;
+    return *settings;
   }
 };
 
@@ -43,27 +51,43 @@ std::string iniPath() {
          platform::kPathSeparator + kIniName;
 }
 
-void readAddressFromIni(ServerAddress& server) {
+void takeAddress(const config::IniMap& ini, Settings& settings) {
+  const std::string address = config::lookUp(ini, kAddressKey);
+  if (!config::isIpv4Address(address)) return;
+  settings.address = address;
+  NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 172,
+            "[DLL] setting Server IP from zelkad_ip_config.ini file, IP: %s", address.c_str());
+}
+
+void takeResync(const config::IniMap& ini, Settings& settings) {
+  settings.resync = config::lookUp(ini, kResyncKey) == "1";
+  if (!settings.resync) return;
+  NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 175,
+            "[DLL] resync is on by zelkad_ip_config.ini file");
+}
+
+// The file is for the address above all: an application that chose one may do without it.
+void readIni(Settings& settings, bool addressChosen) {
   try {
-    const std::string address = config::lookUp(config::readIniFile(iniPath()), kAddressKey);
-    if (!config::isIpv4Address(address)) return;
-    server.text = address;
-    NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 172,
-              "[DLL] setting Server IP from zelkad_ip_config.ini file, IP: %s", address.c_str());
+    const config::IniMap ini = config::readIniFile(iniPath());
+    if (!addressChosen) takeAddress(ini, settings);
+    takeResync(ini, settings);
   } catch (const std::exception& failure) {
+    if (addressChosen) return;
     std::fprintf(stderr, "Error: %s\n", failure.what());
     std::fflush(stderr);
   }
 }
 
-std::string settledAddress() {
-  ServerAddress& server = ServerAddress::instance();
-  const ScopedLock lock(server.lock);
-  if (!server.chosen) {
-    server.chosen = true;  // before anything can fail: the file is tried once
-    readAddressFromIni(server);
+Settings settle() {
+  SettledSettings& settled = SettledSettings::instance();
+  const ScopedLock lock(settled.lock);
+  if (!settled.iniTried) {
+    const bool addressChosen = settled.addressChosen;
+    settled.iniTried = settled.addressChosen = true;  // before anything can fail: it is tried once
+    readIni(settled.now, addressChosen);
   }
-  return server.text;
+  return settled.now;
 }
 
 void logBanner() {
@@ -93,12 +117,14 @@ void openConnection(CTcpClient& connection, const char* name, const std::string&
 VcoClientApi* createContext() {
   platform::keepLoaded();
   NLog::GetInstance("DLL", platform::libraryLogDirectory().c_str());
-  const std::string address = settledAddress();
+  const Settings settings = settle();
+  const std::string& address = settings.address;
   logBanner();
   auto connections = std::make_unique<Connections>(address.c_str());
   openConnection(connections->weighing, "LC", address, kWeighingPort, 187);
   openConnection(connections->printing, "Prt", address, kPrintingPort, 193);
-  auto* const client = new VcoClientApi(&connections->weighing, &connections->printing);
+  auto* const client =
+      new VcoClientApi(&connections->weighing, &connections->printing, settings.resync);
   static_cast<void>(connections.release());  // from here on they live as long as the process
   return client;
 }
@@ -119,10 +145,10 @@ bool chooseServerAddress(const char* address) {
               printable(address));
     return false;
   }
-  ServerAddress& server = ServerAddress::instance();
-  const ScopedLock lock(server.lock);
-  server.chosen = true;
-  server.text = text;
+  SettledSettings& settled = SettledSettings::instance();
+  const ScopedLock lock(settled.lock);
+  settled.addressChosen = true;
+  settled.now.address = text;
   NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 123,
             "[DLL] setting Server IP from SetServerIpForRemoteAccess API, IP: %s", text.c_str());
   return true;

@@ -6,15 +6,73 @@
 #include "service/route.h"
 
 namespace tolvex {
+namespace {
+
+// Closes the connection of an exchange that does not come to a good end, however it is left.
+class OpenExchange {
+ public:
+  explicit OpenExchange(CTcpClient* connection) : connection_(connection) {}
+  ~OpenExchange() {
+    if (connection_ != nullptr) connection_->Close();
+  }
+  OpenExchange(const OpenExchange&) = delete;
+  OpenExchange& operator=(const OpenExchange&) = delete;
+  void isDone() { connection_ = nullptr; }
+
+ private:
+  CTcpClient* connection_;
+};
+
+}  // namespace
 
 VcoClientApi::Route VcoClientApi::weighingRoute() {
-  return {weighing_, weighingLock_,           result::kLcConnectionFail, "SndCmdToLC", "LC",
-          "",        {71, 76, 82, 86, 93, 98}};
+  return {weighing_,
+          weighingLock_,
+          result::kLcConnectionFail,
+          "SndCmdToLC",
+          "LC",
+          "",
+          {71, 76, 82, 86, 93, 98, 101, 102, 103, 104, 105}};
 }
 
 VcoClientApi::Route VcoClientApi::printingRoute() {
-  return {printing_, printingLock_, result::kPrtConnectionFail,    "SndCmdToPrinter",
-          "Print",   " ",           {107, 112, 118, 122, 129, 134}};
+  return {printing_,
+          printingLock_,
+          result::kPrtConnectionFail,
+          "SndCmdToPrinter",
+          "Print",
+          " ",
+          {107, 112, 118, 122, 129, 134, 137, 138, 139, 140, 141}};
+}
+
+void VcoClientApi::dropUnasked(const Route& route) {
+  if (!route.connection->HasUnread()) return;
+  NLog* const log = NLog::GetInstance();
+  ReplyText unasked;
+  const int count = route.connection->RecvTimeout(unasked.text, kReplyCapacity, 0);
+  if (count > 0) {
+    NLog::Log(log, kModuleDll, kLevelFailure, route.line.unasked,
+              "[%s] Resync: %d bytes nobody asked for, connecting anew", route.name, count);
+  } else {
+    NLog::Log(log, kModuleDll, kLevelFailure, route.line.ended,
+              "[%s] Resync: the connection had ended, connecting anew", route.name);
+  }
+  route.connection->Close();
+}
+
+bool VcoClientApi::isOutOfStep(const Route& route, const char* reply, bool full) {
+  NLog* const log = NLog::GetInstance();
+  if (full) {
+    NLog::Log(log, kModuleDll, kLevelFailure, route.line.full,
+              "[%s] Resync: the reply fills the buffer, closing the connection", route.name);
+    return true;
+  }
+  if (Reply(reply).text("result") == nullptr) {
+    NLog::Log(log, kModuleDll, kLevelFailure, route.line.unreadable,
+              "[%s] Resync: unreadable reply, closing the connection", route.name);
+    return true;
+  }
+  return false;
 }
 
 unsigned VcoClientApi::SndCmdToLC(const char* request, unsigned length, char* reply,
@@ -28,7 +86,7 @@ unsigned VcoClientApi::SndCmdToPrinter(const char* request, unsigned length, cha
 }
 
 // A reply is what one receive delivers: there is no framing, and nothing looks for its end. A reply
-// in two segments is read in part, and the rest answers the next request.
+// in two segments is read in part, and the rest answers the next request, unless resync is on.
 unsigned VcoClientApi::exchange(const Route& route, const char* request, unsigned length,
                                 char* reply, unsigned capacity, unsigned timeoutMs) {
   NLog* const log = NLog::GetInstance();
@@ -44,6 +102,7 @@ unsigned VcoClientApi::exchange(const Route& route, const char* request, unsigne
     return static_cast<unsigned>(route.missingCode);
   }
   const ScopedLock lock(route.lock);
+  if (resync_) dropUnasked(route);
   NLog::Log(log, kModuleDll, kLevelTraffic, route.line.sending, "[%s]==>[Zelkad][%s] Snd: %s.",
             client, route.name, request);
   const int sent = route.connection->Send(request, length);
@@ -52,14 +111,22 @@ unsigned VcoClientApi::exchange(const Route& route, const char* request, unsigne
               route.name, sent);
     return result::kSocketInterrupt;
   }
+  OpenExchange exchange(resync_ ? route.connection : nullptr);
   const int received = route.connection->RecvTimeout(reply, capacity, timeoutMs);
   if (received <= 0) {
     NLog::Log(log, kModuleDll, kLevelFailure, route.line.receiveFailed, "[%s] Rcv failed:%s%d!",
               route.name, route.beforeFailedCount, received);
+    if (resync_) {
+      NLog::Log(log, kModuleDll, kLevelFailure, route.line.noReply,
+                "[%s] Resync: no reply, closing the connection", route.name);
+    }
     return result::kSocketInterrupt;
   }
   NLog::Log(log, kModuleDll, kLevelTraffic, route.line.received, "[%s]<==[Zelkad][%s] Rcv: %s",
             client, route.name, reply);
+  if (!resync_ || !isOutOfStep(route, reply, static_cast<unsigned>(received) == capacity)) {
+    exchange.isDone();
+  }
   return result::kOk;
 }
 

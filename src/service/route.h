@@ -14,6 +14,8 @@ struct VcoClientApi::Route {
   const char* beforeFailedCount;  // what stands between "failed:" and the count of a failed receive
   struct {
     unsigned nullArgument, noConnection, sending, sendFailed, receiveFailed, received;
+    // with resync only
+    unsigned unasked, ended, noReply, unreadable, full;
   } line;
 };
 

@@ -5,9 +5,10 @@
 
 namespace tolvex {
 
-VcoClientApi::VcoClientApi(CTcpClient* weighing, CTcpClient* printing)
+VcoClientApi::VcoClientApi(CTcpClient* weighing, CTcpClient* printing, bool resync)
     : weighing_(weighing),
       printing_(printing),
+      resync_(resync),
       identity_(identityOf(platform::hostExecutable(), platform::kPathSeparator)) {}
 
 unsigned VcoClientApi::takeImageNumber() {

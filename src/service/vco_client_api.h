@@ -56,7 +56,11 @@ class VcoClientApi {
  public:
   // Keeps both pointers, of which either may be null; the connections belong to the caller. The
   // client identity is read off the host executable.
-  VcoClientApi(CTcpClient* weighing, CTcpClient* printing);
+  //
+  // With resync no reply of an exchange that failed is taken for that of the next one: a connection is
+  // closed when its exchange ended without a reply, with one that cannot be read or with one that
+  // fills the buffer, and made anew when something waits on it before a request. Each time is logged.
+  VcoClientApi(CTcpClient* weighing, CTcpClient* printing, bool resync = false);
   VcoClientApi(const VcoClientApi&) = delete;
   VcoClientApi& operator=(const VcoClientApi&) = delete;
 
@@ -169,6 +173,10 @@ class VcoClientApi {
   unsigned exchange(const Route& route, const char* request, unsigned length, char* reply,
                     unsigned capacity, unsigned timeoutMs);
 
+  // What resync does before a request, and whether it finds fault with a reply; both log it.
+  static void dropUnasked(const Route& route);
+  static bool isOutOfStep(const Route& route, const char* reply, bool full);
+
   Outcome command(const Route& route, Envelope& request, ReplyText& reply,
                   unsigned timeoutMs = kReplyTimeoutMs);
   struct Member;  // one parameter of a printer command
@@ -196,6 +204,7 @@ class VcoClientApi {
 
   CTcpClient* weighing_;
   CTcpClient* printing_;
+  const bool resync_;
   RecursiveLock weighingLock_;
   RecursiveLock printingLock_;
   PrintJobBuffer printJob_;

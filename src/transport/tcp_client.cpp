@@ -48,4 +48,6 @@ int CTcpClient::RecvTimeout(char* buffer, unsigned length, unsigned timeoutMs) {
   return socket_->ReceiveWait(buffer, length, timeoutMs);
 }
 
+bool CTcpClient::HasUnread() { return socket_ && socket_->HasUnread(); }
+
 }  // namespace tolvex

@@ -46,6 +46,10 @@ class CTcpClient {
   // and when the peer closed in order. Writes no terminator.
   virtual int RecvTimeout(char* buffer, unsigned length, unsigned timeoutMs);
 
+  // Whether the connection has something to be received right now: bytes, its end or its failure. False
+  // where there is no connection. Receives nothing.
+  virtual bool HasUnread();
+
  private:
   std::unique_ptr<CTcpSocket> socket_;
   std::string host_;

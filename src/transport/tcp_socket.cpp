@@ -113,6 +113,8 @@ int CTcpSocket::ReceiveWait(char* buffer, unsigned length, std::uint32_t timeout
   return received == 0 ? -1 : received;
 }
 
+bool CTcpSocket::HasUnread() { return WaitReady(0, false) != 0; }
+
 void CTcpSocket::SetBlocking(bool on) {
   if (net::setNonBlocking(handle_, !on)) {
     blocking_ = on;

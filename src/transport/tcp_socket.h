@@ -36,6 +36,9 @@ class CTcpSocket {
   // when length is 0, -1 on every failure and at the end of the connection.
   int ReceiveWait(char* buffer, unsigned length, std::uint32_t timeoutMs);
 
+  // Whether a receive would not have to wait.
+  bool HasUnread();
+
   void ShutDown();
 
   SocketErrorCode lastError() const { return lastError_; }

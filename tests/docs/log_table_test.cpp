@@ -157,11 +157,13 @@ class TableCalls {
     const std::string text = textOf(source("src/service/exchange.cpp"));
     const std::regex route(R"re("(SndCmd\w+)",\s*"(\w+)",\s*"( ?)",\s*\{([\d, ]+)\})re");
     const std::size_t member = memberOf(
-        {"nullArgument", "noConnection", "sending", "sendFailed", "receiveFailed", "received"});
+        {"nullArgument", "noConnection", "sending", "sendFailed", "receiveFailed", "received",
+         "unasked", "ended", "noReply", "unreadable", "full"});
     for (const std::smatch& match : matches(text, route)) {
       const std::string name = match[1];
       const std::vector<std::vector<std::string>> words = {
-          {"%", name}, {name, match[2]}, {"%", name, "%"}, {name}, {name, match[3]}, {"%", name}};
+          {"%", name}, {name, match[2]}, {"%", name, "%"}, {name}, {name, match[3]}, {"%", name},
+          {name, "%"}, {name},           {name},           {name}, {name}};
       add(numbers(match[4]).at(member), filledIn(call_.message, words[member]));
     }
   }

@@ -112,6 +112,55 @@ TEST_P(ExchangeFailure, OfAReceiveReleasesTheConnection) {
   expectAnotherThreadCanExchange();
 }
 
+// Whose connection may hold the reply of an exchange that was given up.
+class ExchangeInStep : public BothSides {
+ protected:
+  ExchangeInStep() { connection().reply = R"({"result":"0"})"; }
+  VcoClientApi inStep{&weighing, &printing, true};
+  unsigned send() { return BothSides::send(inStep, "request", 7, reply); }
+};
+
+TEST_P(ExchangeInStep, ClosesNothingAfterAReply) {
+  EXPECT_EQ(send(), 0U);
+  EXPECT_EQ(connection().closed, 0);
+  EXPECT_TRUE(log.records().empty());
+}
+
+TEST_P(ExchangeInStep, ClosesTheConnectionWithoutAReply) {
+  connection().receiveResult = 0;
+  EXPECT_EQ(send(), 4U);
+  EXPECT_EQ(connection().closed, 1);
+}
+
+TEST_P(ExchangeInStep, ClosesTheConnectionWhenMemoryRunsOutInTheMiddle) {
+  connection().receiveFails = true;
+  EXPECT_THROW(send(), std::bad_alloc);
+  EXPECT_EQ(connection().closed, 1);
+}
+
+TEST_P(ExchangeInStep, LeavesTheConnectionToTheSendThatFailed) {
+  connection().sendResult = -1;
+  EXPECT_EQ(send(), 4U);
+  EXPECT_EQ(connection().closed, 0);
+}
+
+TEST_P(ExchangeInStep, DropsWhatWaitsBeforeTheRequest) {
+  connection().unread = "late";
+  EXPECT_EQ(send(), 0U);
+  EXPECT_STREQ(reply, R"({"result":"0"})");
+  EXPECT_EQ(connection().closed, 1);
+  EXPECT_EQ(connection().requests, Texts{"request"});
+}
+
+TEST_P(ExchangeInStep, IsAnOption) {
+  connection().unread = "late";
+  EXPECT_EQ(BothSides::send(), 0U);
+  EXPECT_STREQ(reply, "late");
+  EXPECT_EQ(connection().closed, 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(On, ExchangeInStep, ::testing::ValuesIn(kSides), sideName);
+
 INSTANTIATE_TEST_SUITE_P(On, ExchangeFailure, ::testing::ValuesIn(kSides), sideName);
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 #include <deque>
+#include <new>
 #include <optional>
 #include <string>
 #include <vector>
@@ -27,11 +28,19 @@ class ScriptedConnection final : public CTcpClient {
 
   int RecvTimeout(char* buffer, unsigned length, unsigned timeoutMs) override {
     receives.push_back({length, timeoutMs});
+    if (receiveFails) throw std::bad_alloc();
+    if (!unread.empty()) return deliver(unread, buffer, length);
     if (receiveResult) return *receiveResult;
     if (nextReplies.empty()) return deliver(reply, buffer, length);
     const std::string next = nextReplies.front();
     nextReplies.pop_front();
     return deliver(next, buffer, length);
+  }
+
+  bool HasUnread() override { return !unread.empty(); }
+  void Close() override {
+    ++closed;
+    unread.clear();
   }
 
   struct Receive {
@@ -46,6 +55,9 @@ class ScriptedConnection final : public CTcpClient {
   std::deque<std::string> nextReplies;
   std::optional<int> sendResult;     // instead of the length
   std::optional<int> receiveResult;  // instead of the reply
+  bool receiveFails = false;         // for want of memory
+  std::string unread;                // what waits, until the connection is closed
+  int closed = 0;
   std::vector<std::string> requests;
   std::vector<Receive> receives;
 

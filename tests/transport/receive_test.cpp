@@ -202,5 +202,31 @@ TEST_F(RecvTimeout, KeepsTheErrorOfAFailedReceive) {
   EXPECT_EQ(socket.lastError(), kSocketTimedOut);
 }
 
+class Unread : public Receive {};
+
+TEST_F(Unread, IsNothingWithoutAConnection) {
+  EXPECT_FALSE(client_.HasUnread());
+  EXPECT_EQ(network.calls, Lines());
+}
+
+TEST_F(Unread, IsAskedForWithoutWaitingOrReceiving) {
+  connect();
+  EXPECT_TRUE(client_.HasUnread());
+  EXPECT_EQ(network.calls, (Lines{"wait 1 0 read"}));
+}
+
+TEST_F(Unread, IsNothingWhenNothingWaits) {
+  connect();
+  network.waits = {{test::kTimeOut}};
+  EXPECT_FALSE(client_.HasUnread());
+}
+
+TEST_F(Unread, IsAlsoAFailure) {
+  connect();
+  network.waits = {{test::kWaitFailed, 10038}};
+  EXPECT_TRUE(client_.HasUnread());
+  EXPECT_EQ(logged(), (Lines{error(10038)}));
+}
+
 }  // namespace
 }  // namespace tolvex
