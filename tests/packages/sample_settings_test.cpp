@@ -60,6 +60,14 @@ TEST(SampleSettings, HoldTheAddressOfThisMachineAndNothingElse) {
   EXPECT_EQ(config::parseIni(withCarriageReturns(text)), expected);
 }
 
+TEST(SampleSettings, ShowHowResyncIsSwitchedOn) {
+  std::string text = textOf("zelkad_ip_config.ini");
+  text.erase(text.find(";resync"), 1);
+  const config::IniMap expected{{"zelkad.ip_addr", "127.0.0.1"}, {"zelkad.resync", "1"}};
+  EXPECT_EQ(config::parseIni(text), expected);
+  EXPECT_EQ(config::parseIni(withCarriageReturns(text)), expected);
+}
+
 TEST(SampleSettings, LeaveTheLogAsItIs) {
   EXPECT_EQ(thresholdsIn(textOf("NLog.ini")), Thresholds{});
 }

@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::string_view kSection = "zelkad";
 constexpr std::string_view kKey = "ip_addr";
+constexpr std::string_view kResync = "resync";
 constexpr char kWanted[] =
     "Write two lines, without any blank: \"[zelkad]\" and \"ip_addr=192.168.1.20\" (the address of "
     "the service).";
@@ -159,6 +160,25 @@ Finding wrongValue(const std::string& value, const std::string& path) {
   return failed(what + " is no IPv4 address, so the library ignores it", fix);
 }
 
+// What the file means by lines about resync, and what the library makes of them.
+std::vector<Finding> examineResync(std::string_view bytes, const config::IniMap& entries,
+                                   const std::string& path) {
+  const std::string value = config::lookUp(entries, "zelkad.resync");
+  if (value == "1") return {fine(path + " switches resync on")};
+  if (value == "0") return {};
+  const std::string fix = "Write \"resync=1\" below the line \"[zelkad]\", without any blank.";
+  unsigned number = 0;
+  for (std::string_view rest = bytes; !rest.empty();) {
+    const std::size_t end = std::min(rest.find('\n'), rest.size());
+    const std::string_view line = trimmed(rest.substr(0, end));
+    rest.remove_prefix(std::min(end + 1, rest.size()));
+    ++number;
+    if (lower(trimmed(line.substr(0, line.find('=')))) != kResync) continue;
+    return {warning(inQuotes(line) + " in " + place(path, number) + " leaves resync off", fix)};
+  }
+  return {};
+}
+
 Finding missFinding(const NearMiss& miss, const std::string& path, bool harms) {
   const std::string text = "ip_addr in " + place(path, miss.line) + " is not found: " + miss.reason;
   return harms ? failed(text, miss.fix) : warning(text, miss.fix);
@@ -210,6 +230,9 @@ IniExamination examineIni(std::string_view bytes, const std::string& path) {
     if (miss.sure || !valid) result.findings.push_back(missFinding(miss, path, !valid));
   }
   for (Finding& finding : examineZeros(result.address)) {
+    result.findings.push_back(std::move(finding));
+  }
+  for (Finding& finding : examineResync(bytes, entries, path)) {
     result.findings.push_back(std::move(finding));
   }
   return result;

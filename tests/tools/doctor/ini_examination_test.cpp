@@ -126,6 +126,26 @@ TEST(ExamineIni, TellsWhatZerosDoToAnAddress) {
   EXPECT_EQ(iniFindings("[zelkad]\nip_addr=10.0.0.007\n").size(), 1u);
 }
 
+TEST(ExamineIni, TellsThatResyncIsOn) {
+  EXPECT_EQ(
+      iniFindings("[zelkad]\r\nip_addr=10.1.2.3\r\nresync=1\r\n"),
+      (Lines{"fine: till.ini names the address 10.1.2.3", "fine: till.ini switches resync on"}));
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=10.1.2.3\nresync=0\n").size(), 1u);
+  EXPECT_EQ(iniFindings("[zelkad]\nip_addr=10.1.2.3\n;resync=1\n").size(), 1u);
+}
+
+TEST(ExamineIni, WarnsOfALineThatLeavesResyncOff) {
+  for (const char* line : {"resync=yes", "resync = 1", "Resync=1", "resync=", "resync"}) {
+    EXPECT_EQ(iniFindings(std::string("[zelkad]\nip_addr=10.1.2.3\n") + line + "\n"),
+              (Lines{"fine: till.ini names the address 10.1.2.3",
+                     std::string("warning: \"") + line +
+                         "\" in till.ini, line 3 leaves resync off / Write \"resync=1\" below the "
+                         "line \"[zelkad]\", without any blank."}))
+        << line;
+  }
+  EXPECT_EQ(iniFindings("resync=1\n[zelkad]\nip_addr=10.1.2.3\n").size(), 2u) << "in no section";
+}
+
 TEST(ExamineIni, WarnsOfAFileWithoutTheKey) {
   for (const char* bytes : {"", "[zelkad]\n", "[zelkad]\n;ip_addr=10.1.2.3\n"}) {
     EXPECT_EQ(
