@@ -66,12 +66,15 @@ void takeResync(const config::IniMap& ini, Settings& settings) {
             "[DLL] resync is on by zelkad_ip_config.ini file");
 }
 
-// The file is for the address above all: an application that chose one may do without it.
+// The file is for the address above all: an application that chose one may do without it. Memory that
+// runs out fails the call, lest the library goes on with an address that nobody chose.
 void readIni(Settings& settings, bool addressChosen) {
   try {
     const config::IniMap ini = config::readIniFile(iniPath());
     if (!addressChosen) takeAddress(ini, settings);
     takeResync(ini, settings);
+  } catch (const std::bad_alloc&) {
+    throw;
   } catch (const std::exception& failure) {
     if (addressChosen) return;
     std::fprintf(stderr, "Error: %s\n", failure.what());
@@ -83,9 +86,8 @@ Settings settle() {
   SettledSettings& settled = SettledSettings::instance();
   const ScopedLock lock(settled.lock);
   if (!settled.iniTried) {
-    const bool addressChosen = settled.addressChosen;
-    settled.iniTried = settled.addressChosen = true;  // before anything can fail: it is tried once
-    readIni(settled.now, addressChosen);
+    readIni(settled.now, settled.addressChosen);
+    settled.iniTried = settled.addressChosen = true;
   }
   return settled.now;
 }
@@ -116,7 +118,10 @@ void openConnection(CTcpClient& connection, const char* name, const std::string&
 
 VcoClientApi* createContext() {
   platform::keepLoaded();
-  NLog::GetInstance("DLL", platform::libraryLogDirectory().c_str());
+  // Without it the next record would make the logger, with another name and in another folder.
+  if (NLog::GetInstance("DLL", platform::libraryLogDirectory().c_str()) == nullptr) {
+    throw std::bad_alloc();
+  }
   const Settings settings = settle();
   const std::string& address = settings.address;
   logBanner();
