@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/floating_point.h"
+#include "platform/threads.h"
 
 namespace tolvex {
 
@@ -18,9 +19,10 @@ constexpr int kCodeWithoutClient = 255;  // of the forwarders that check for a c
 
 // Runs the body of an export and returns its result. No exception passes into the host application:
 // every one becomes the given result. What is computed does not depend on the host application's
-// floating-point environment.
+// floating-point environment, and a thread that is cancelled finishes its call first.
 template <typename Body>
 int guarded(int resultOfException, Body&& body) noexcept {
+  const platform::NotCancelled thread;
   const platform::DefaultFloatingPoint environment;
   try {
     return body();

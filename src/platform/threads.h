@@ -29,4 +29,18 @@ class CriticalSection {
 // A number that no other living thread of the process has; never 0.
 std::uint32_t currentThreadId();
 
+// From construction to destruction the thread is not cancelled (POSIX): a cancellation in the middle of a
+// call would unwind through its locks and its barrier against exceptions, which ends the process. It
+// waits until the call is over.
+class NotCancelled {
+ public:
+  NotCancelled();
+  ~NotCancelled();
+  NotCancelled(const NotCancelled&) = delete;
+  NotCancelled& operator=(const NotCancelled&) = delete;
+
+ private:
+  int before_ = 0;
+};
+
 }  // namespace tolvex::platform

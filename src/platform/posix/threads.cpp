@@ -34,4 +34,8 @@ std::uint32_t currentThreadId() {
   return id;
 }
 
+NotCancelled::NotCancelled() { pthread_setcancelstate(PTHREAD_CANCEL_DISABLE, &before_); }
+
+NotCancelled::~NotCancelled() { pthread_setcancelstate(before_, nullptr); }
+
 }  // namespace tolvex::platform

@@ -27,4 +27,7 @@ CriticalSection::Native* CriticalSection::native() {
 
 std::uint32_t currentThreadId() { return GetCurrentThreadId(); }
 
+NotCancelled::NotCancelled() = default;  // Windows has no such thing
+NotCancelled::~NotCancelled() = default;
+
 }  // namespace tolvex::platform
