@@ -2,9 +2,9 @@
 
 #include <atomic>
 #include <cstdio>
-#include <exception>
 #include <memory>
 #include <new>
+#include <optional>
 #include <string>
 
 #include "api/call_frame.h"
@@ -69,17 +69,15 @@ void takeResync(const config::IniMap& ini, Settings& settings) {
 // The file is for the address above all: an application that chose one may do without it. Memory that
 // runs out fails the call, lest the library goes on with an address that nobody chose.
 void readIni(Settings& settings, bool addressChosen) {
-  try {
-    const config::IniMap ini = config::readIniFile(iniPath());
-    if (!addressChosen) takeAddress(ini, settings);
-    takeResync(ini, settings);
-  } catch (const std::bad_alloc&) {
-    throw;
-  } catch (const std::exception& failure) {
+  const std::optional<config::IniMap> ini = config::readIniFile(iniPath());
+  if (!ini) {
     if (addressChosen) return;
-    std::fprintf(stderr, "Error: %s\n", failure.what());
+    std::fprintf(stderr, "Error: Failed to open INI file\n");
     std::fflush(stderr);
+    return;
   }
+  if (!addressChosen) takeAddress(*ini, settings);
+  takeResync(*ini, settings);
 }
 
 Settings settle() {

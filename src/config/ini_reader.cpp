@@ -1,7 +1,5 @@
 #include "config/ini_reader.h"
 
-#include <stdexcept>
-
 #include "platform/file.h"
 
 namespace tolvex::config {
@@ -35,11 +33,9 @@ IniMap parseIni(std::string_view text) {
   return entries;
 }
 
-IniMap readIniFile(const std::string& path) {
+std::optional<IniMap> readIniFile(const std::string& path) {
   std::string text;
-  if (!platform::readFile(path.c_str(), text)) {
-    throw std::runtime_error("Failed to open INI file");
-  }
+  if (!platform::readFile(path.c_str(), text)) return std::nullopt;
   return parseIni(text);
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,9 +17,9 @@ using IniMap = std::map<std::string, std::string>;
 // line without '=' is a key with an empty value.
 IniMap parseIni(std::string_view text);
 
-// Reads the file at a path in UTF-8. Throws std::runtime_error("Failed to open INI file") when it
-// cannot be opened for reading.
-IniMap readIniFile(const std::string& path);
+// Reads the file at a path in UTF-8. Nothing when it cannot be opened for reading: that is ordinary, and
+// no exception, since those of a DLL do not get far on every stack that a host application calls from.
+std::optional<IniMap> readIniFile(const std::string& path);
 
 // The value of a key, empty when the map has none.
 std::string lookUp(const IniMap& entries, const std::string& key);

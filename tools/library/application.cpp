@@ -1,6 +1,5 @@
 #include "library/application.h"
 
-#include <exception>
 #include <filesystem>
 #include <system_error>
 
@@ -19,13 +18,9 @@ constexpr char kDefaultAddress[] = "127.0.0.1";
 
 std::string addressInIni(const std::string& folder) {
   const std::string path = (fs::u8path(folder) / kIniName).u8string();
-  try {
-    std::string address = config::lookUp(config::readIniFile(path), kAddressKey);
-    if (config::isIpv4Address(address)) return address;
-  } catch (const std::exception&) {
-    return kDefaultAddress;  // as the library takes it
-  }
-  return kDefaultAddress;
+  const std::string address =
+      config::lookUp(config::readIniFile(path).value_or(config::IniMap()), kAddressKey);
+  return config::isIpv4Address(address) ? address : kDefaultAddress;  // as the library takes it
 }
 
 }  // namespace
