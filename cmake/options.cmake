@@ -11,12 +11,12 @@ if(TOLVEX_SANITIZE)
   target_compile_options(tolvex_options INTERFACE
     -fsanitize=${TOLVEX_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -g1
     # The library keeps up with its time limits; the programs and the tests compile in half the time so.
-    $<IF:$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>,-O0,-O1>)
+    $<IF:$<OR:$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>,$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_PLAIN>>>,-O0,-O1>)
   if(TOLVEX_SANITIZE MATCHES "undefined")
     # Checks of each pointer before it is used take the half of that again, in the templates of others above all,
     # and AddressSanitizer sees those that are bad. The library has them.
     target_compile_options(tolvex_options INTERFACE
-      $<$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>:-fno-sanitize=null,vptr,alignment,object-size,pointer-overflow>)
+      $<$<OR:$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>,$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_PLAIN>>>:-fno-sanitize=null,vptr,alignment,object-size,pointer-overflow>)
   endif()
   target_link_options(tolvex_options INTERFACE -fsanitize=${TOLVEX_SANITIZE})
   if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
@@ -34,10 +34,13 @@ else()
     -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
   # The library is optimised as the configuration says; the programs and the tests lose nothing by less.
   set(fast $<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>)
+  # The tests are not optimised at all, which takes a third less time to compile.
+  set(plain $<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_PLAIN>>)
   target_compile_options(tolvex_options INTERFACE
-    $<$<AND:${fast},$<NOT:$<CONFIG:Debug>>>:-O1> $<$<AND:${fast},$<CONFIG:RelWithDebInfo>>:-g1>)
+    $<$<AND:${fast},$<NOT:$<CONFIG:Debug>>>:-O1> $<$<AND:${fast},$<CONFIG:RelWithDebInfo>>:-g1>
+    $<$<AND:${plain},$<NOT:$<CONFIG:Debug>>>:-O0> $<$<AND:${plain},$<CONFIG:RelWithDebInfo>>:-g1>)
   target_compile_options(tolvex_options INTERFACE -fstack-protector-strong
-    $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+    $<$<NOT:$<OR:${plain},$<CONFIG:Debug>>>:-D_FORTIFY_SOURCE=2>)
   target_link_options(tolvex_options INTERFACE -fstack-protector-strong)
 endif()
 

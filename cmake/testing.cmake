@@ -25,7 +25,7 @@ include(cmake/locales.cmake)
 # serves only what is compiled with the same options.
 add_executable(test_headers ${PROJECT_SOURCE_DIR}/cmake/test_headers.cpp)
 target_link_libraries(test_headers PRIVATE tolvex::options gtest)
-set_target_properties(test_headers PROPERTIES TOLVEX_COMPILE_FAST ON)
+set_target_properties(test_headers PROPERTIES TOLVEX_COMPILE_PLAIN ON)
 target_precompile_headers(test_headers PRIVATE <gtest/gtest.h> <filesystem> <functional> <string> <thread> <vector>)
 
 # A program of tests, without any CTest test of it yet.
@@ -34,7 +34,7 @@ function(tolvex_test_program name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   tolvex_unity(${name})
-  set_target_properties(${name} PROPERTIES TOLVEX_COMPILE_FAST ON
+  set_target_properties(${name} PROPERTIES TOLVEX_COMPILE_PLAIN ON
     RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
   target_link_libraries(${name} PRIVATE tolvex::options ${arg_LIBRARIES} gtest_main)
