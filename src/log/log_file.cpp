@@ -1,7 +1,10 @@
 #include "log/log_file.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstring>
+#include <memory>
+#include <new>
 
 namespace tolvex {
 namespace {
@@ -19,13 +22,20 @@ void say(const char* what, const char* path, const char* outcome) {
   std::fflush(stdout);
 }
 
-// Gathers a line with its line ends translated, and hands it on in as few pieces as it fits into:
-// one for every record with a header.
+// Gathers a line with its line ends translated, to be written in one piece: between two of them another
+// process may write. Only where memory is missing a long line takes several.
 class LineBuffer {
  public:
+  explicit LineBuffer(std::size_t size) {
+    if (size <= sizeof(few_)) return;
+    many_.reset(new (std::nothrow) char[size]);
+    if (many_ == nullptr) return;
+    bytes_ = many_.get();
+    room_ = size;
+  }
   template <typename Sink>
   bool put(char c, Sink&& sink) {
-    if (used_ == sizeof(bytes_) && !flush(sink)) return false;
+    if (used_ == room_ && !flush(sink)) return false;
     bytes_[used_++] = c;
     return true;
   }
@@ -37,9 +47,18 @@ class LineBuffer {
   }
 
  private:
-  char bytes_[2048];
+  char few_[2048];  // enough for every record with a header
+  std::unique_ptr<char[]> many_;
+  char* bytes_ = few_;
+  std::size_t room_ = sizeof(few_);
   std::size_t used_ = 0;
 };
+
+// What a line takes in the file, with the end of a torn one before it.
+std::size_t sizeInFile(const char* text, std::size_t length) {
+  const auto ends = static_cast<std::size_t>(std::count(text, text + length, '\n')) + 2;
+  return length + ends * std::strlen(platform::kLineEnd);
+}
 
 }  // namespace
 
@@ -91,7 +110,7 @@ void LogFile::emptyRing(const std::string& base) {
 
 void LogFile::writeLine(const char* text, std::size_t length) {
   const auto sink = [this](const char* data, std::size_t size) { return append(data, size); };
-  LineBuffer line;
+  LineBuffer line(sizeInFile(text, length));
   const auto putLineEnd = [&] {
     for (const char* c = platform::kLineEnd; *c != '\0'; ++c) {
       if (!line.put(*c, sink)) return false;

@@ -126,6 +126,16 @@ TEST(LogFileWrites, EachRecordAtOnce) {
   EXPECT_EQ(test::disk.writes, 1);
 }
 
+// Between two pieces another process could write.
+TEST(LogFileWrites, ALongLineAtOnce) {
+  LogFile file;
+  ASSERT_TRUE(file.open("till"));
+  std::string line(100000, 'x');
+  for (std::size_t i = 10; i < line.size(); i += 100) line[i] = '\n';
+  file.writeLine(line.data(), line.size());
+  EXPECT_EQ(test::disk.writes, 1);
+}
+
 TEST(LogFileWrites, GoOnWhereTheLengthOfTheFileIsUnknown) {
   test::disk.sizesKnown = false;
   LogFile file;
