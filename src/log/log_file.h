@@ -22,6 +22,8 @@ class LogFile {
   // with room, false when it had to empty the ring or could open none (isOpen() tells which).
   bool open(const std::string& base);
   bool isOpen() const { return file_.isOpen(); }
+  // Whether the open file was deleted meanwhile.
+  bool isGone() const { return file_.isGone(); }
 
   // The path that the latest open() with room found; it stays when the ring is emptied.
   const std::string& path() const { return path_; }

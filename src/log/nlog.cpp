@@ -187,7 +187,7 @@ void NLog::LogString(NLog* logger, const char* module, int level, unsigned line,
 void NLog::WriteLocalFile(int, const char* text) {
   const ScopedLock lock(writerLock());
   platform::debugOutput(text);
-  if (!file_.isOpen()) OpenFile();
+  if (!file_.isOpen() || file_.isGone()) OpenFile();
   if (!file_.isOpen()) {
     std::printf("NLog::WriteLocalFile File Open Failed\n");
     std::fflush(stdout);

@@ -32,6 +32,9 @@ class AppendFile {
   // The file's length in bytes, or -1 when it cannot be told.
   std::int64_t size() const;
 
+  // Whether somebody has deleted the file, so that nobody will read what is written to it.
+  bool isGone() const;
+
   void close();
 
  private:

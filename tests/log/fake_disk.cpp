@@ -52,6 +52,8 @@ std::int64_t AppendFile::size() const {
   return static_cast<std::int64_t>(test::contentsOf(handle_).size());
 }
 
+bool AppendFile::isGone() const { return false; }
+
 void AppendFile::close() { handle_ = kNone; }
 
 bool truncateFile(const char* path) {

@@ -1,4 +1,6 @@
 #include <cstdint>
+#include <filesystem>
+#include <system_error>
 
 #include "log/logger_test.h"
 #include "support/os_support.h"
@@ -125,6 +127,29 @@ TEST_F(Ring, StaysWithItsFileWhileThatHasRoom) {
   test::writeBytes(file(0), "");
   log("b");
   EXPECT_EQ(lines(1), (Lines{record("a"), record("b")}));
+}
+
+// Where a file that is open can be deleted at all.
+TEST_F(Ring, BeginsAnewWhenItsFileIsDeleted) {
+  open();
+  log("a");
+  std::error_code inUse;
+  if (!std::filesystem::remove(std::filesystem::u8path(file(0)), inUse)) GTEST_SKIP();
+  log("b");
+  EXPECT_EQ(lines(0), (Lines{record("b")}));
+}
+
+TEST_F(Ring, BeginsAnewWhenItsFolderIsDeletedAndRestored) {
+  open();
+  log("a");
+  std::error_code inUse;
+  std::filesystem::remove_all(std::filesystem::u8path(folder_.path()), inUse);
+  if (inUse) GTEST_SKIP();
+  EXPECT_NE(printedBy([] { log("b"); }).find("NLog::WriteLocalFile File Open Failed"),
+            std::string::npos);
+  test::makeFolder(folder_.path());
+  log("c");
+  EXPECT_EQ(lines(0), (Lines{record("c")}));
 }
 
 TEST_F(Ring, UsesTheTenthFile) {

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "platform/file.h"
@@ -135,6 +137,18 @@ TEST_F(AppendFileTest, IsClosedByItsDestructor) {
     EXPECT_EQ(test::handleCount(), handles + 1);
   }
   EXPECT_EQ(test::handleCount(), handles);
+}
+
+TEST_F(AppendFileTest, IsNotGoneWhileItIsThere) {
+  ASSERT_TRUE(open());
+  EXPECT_FALSE(file_.isGone());
+}
+
+TEST_F(AppendFileTest, IsGoneWhenItWasDeletedWhereThatCanBe) {
+  ASSERT_TRUE(open());
+  std::error_code inUse;
+  const bool isDeleted = std::filesystem::remove(std::filesystem::u8path(path_), inUse);
+  EXPECT_EQ(file_.isGone(), isDeleted);
 }
 
 TEST_F(AppendFileTest, MakesNoFolder) {

@@ -59,6 +59,11 @@ std::int64_t AppendFile::size() const {
   return fstat(static_cast<int>(handle_), &status) == 0 ? status.st_size : -1;
 }
 
+bool AppendFile::isGone() const {
+  struct stat status = {};
+  return fstat(static_cast<int>(handle_), &status) == 0 && status.st_nlink == 0;
+}
+
 void AppendFile::close() {
   if (isOpen()) ::close(static_cast<int>(handle_));
   handle_ = kNone;

@@ -47,6 +47,9 @@ std::int64_t AppendFile::size() const {
   return GetFileSizeEx(asHandle(handle_), &size) != FALSE ? size.QuadPart : -1;
 }
 
+// A file that was opened without FILE_SHARE_DELETE cannot be deleted before it is closed.
+bool AppendFile::isGone() const { return false; }
+
 void AppendFile::close() {
   if (isOpen()) CloseHandle(asHandle(handle_));
   handle_ = kNone;
