@@ -91,11 +91,11 @@ bool LogFile::openWithRoom(const char* path) {
   }
   position_ = file_.size();
   unchecked_ = 0;
-  torn_ = false;
   if (position_ > kFullSize) {
     file_.close();
     return false;
   }
+  torn_ = platform::endsInsideLine(path);
   say("NLog::OpenFile: ", path, " Succ");
   return true;
 }

@@ -42,6 +42,10 @@ class AppendFile {
   std::intptr_t handle_ = kNone;
 };
 
+// Whether the file's last line has no end: its writer was killed at it, or the disk was full. Takes
+// 10 ms where it has none, in which somebody who is just writing it comes to its end.
+bool endsInsideLine(const char* path);
+
 // Empties the file and creates it where it is missing. Returns whether it could.
 bool truncateFile(const char* path);
 

@@ -56,6 +56,11 @@ bool AppendFile::isGone() const { return false; }
 
 void AppendFile::close() { handle_ = kNone; }
 
+bool endsInsideLine(const char* path) {
+  const std::string& contents = test::disk.files[path];
+  return !contents.empty() && contents.back() != '\n';
+}
+
 bool truncateFile(const char* path) {
   test::disk.files[path].clear();
   return true;

@@ -41,6 +41,23 @@ TEST_F(Ring, AppendsToAFileThatIsThere) {
   EXPECT_EQ(lines(0), (Lines{"old", record("a")}));
 }
 
+// A process that is killed at a record leaves the beginning of it.
+TEST_F(Ring, EndsATornLineOfAnEarlierProcess) {
+  test::writeBytes(file(0), "whole" + test::kLineEnd + "to");
+  open();
+  log("a");
+  log("b");
+  EXPECT_EQ(lines(0), (Lines{"whole", "to", record("a"), record("b")}));
+}
+
+TEST_F(Ring, EndsATornLineOfTheNextFile) {
+  makeFull(0, 0);
+  test::writeBytes(file(1), "to");
+  open();
+  log("a");
+  EXPECT_EQ(lines(1), (Lines{"to", record("a")}));
+}
+
 TEST_F(Ring, AppendsToAFileOfExactlyTheLimit) {
   makeFileOfSize(file(0), kFull);
   open();

@@ -161,6 +161,22 @@ TEST_F(AppendFileTest, IsNoFolder) {
   EXPECT_FALSE(file_.isOpen());
 }
 
+TEST_F(AppendFileTest, EndsInsideALineThatHasNoEnd) {
+  test::writeBytes(path_, "whole\nto");
+  EXPECT_TRUE(endsInsideLine(path_.c_str()));
+}
+
+TEST_F(AppendFileTest, EndsInsideNoLineThatHasAnEnd) {
+  test::writeBytes(path_, "whole" + test::kLineEnd);
+  EXPECT_FALSE(endsInsideLine(path_.c_str()));
+}
+
+TEST_F(AppendFileTest, EndsInsideNoLineWithoutAny) {
+  EXPECT_FALSE(endsInsideLine(path_.c_str()));
+  test::writeBytes(path_, "");
+  EXPECT_FALSE(endsInsideLine(path_.c_str()));
+}
+
 TEST_F(AppendFileTest, NeedsAPath) { EXPECT_FALSE(file_.open("")); }
 
 TEST_F(AppendFileTest, MayHaveANonAsciiName) {

@@ -56,6 +56,10 @@ void writeBytes(const std::string& path, const std::string& bytes) {
 void makeFileOfSize(const std::string& path, std::uint64_t size) {
   writeBytes(path, "");
   fs::resize_file(native(path), size);
+  if (size == 0) return;
+  std::fstream file(native(path), std::ios::binary | std::ios::in | std::ios::out);
+  file.seekp(static_cast<std::streamoff>(size - 1));
+  file.put('\n');
 }
 
 std::uint64_t sizeOf(const std::string& path) { return fs::file_size(native(path)); }

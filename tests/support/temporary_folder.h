@@ -30,7 +30,7 @@ void removeTree(const std::string& path);
 std::string readBytes(const std::string& path);
 void writeBytes(const std::string& path, const std::string& bytes);
 
-// Gives a file a length, without writing what it holds.
+// Gives a file a length, without writing what it holds but the end of its last line.
 void makeFileOfSize(const std::string& path, std::uint64_t size);
 std::uint64_t sizeOf(const std::string& path);
 

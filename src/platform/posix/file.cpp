@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <ctime>
 #include <new>
 
 namespace tolvex::platform {
@@ -18,6 +19,13 @@ int openFile(const char* path, int flags) {
     file = ::open(path, flags | O_CLOEXEC, kPermissions);
   } while (file < 0 && errno == EINTR);
   return file;
+}
+
+// The length of a file whose last line has no end; 0 where it has one, and of an empty file.
+off_t lengthWithoutLineEnd(int file) {
+  const off_t length = lseek(file, 0, SEEK_END);
+  char last = '\n';
+  return length > 0 && pread(file, &last, 1, length - 1) == 1 && last != '\n' ? length : 0;
 }
 
 bool readAll(int file, std::string& contents) {
@@ -67,6 +75,20 @@ bool AppendFile::isGone() const {
 void AppendFile::close() {
   if (isOpen()) ::close(static_cast<int>(handle_));
   handle_ = kNone;
+}
+
+bool endsInsideLine(const char* path) {
+  const int file = openFile(path, O_RDONLY);
+  if (file < 0) return false;
+  const off_t length = lengthWithoutLineEnd(file);
+  bool isTorn = length > 0;
+  if (isTorn) {
+    const timespec aWhile = {0, 10000000};
+    nanosleep(&aWhile, nullptr);
+    isTorn = lengthWithoutLineEnd(file) == length;
+  }
+  ::close(file);
+  return isTorn;
 }
 
 bool truncateFile(const char* path) {

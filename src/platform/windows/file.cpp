@@ -17,6 +17,19 @@ HANDLE openFile(const char* path, DWORD access, DWORD creation) {
                      FILE_ATTRIBUTE_NORMAL, nullptr);
 }
 
+// The length of a file whose last line has no end; 0 where it has one, and of an empty file.
+LONGLONG lengthWithoutLineEnd(HANDLE file) {
+  LARGE_INTEGER length = {};
+  if (GetFileSizeEx(file, &length) == FALSE || length.QuadPart == 0) return 0;
+  LARGE_INTEGER at;
+  at.QuadPart = length.QuadPart - 1;
+  char last = '\n';
+  DWORD count = 0;
+  const bool isRead = SetFilePointerEx(file, at, nullptr, FILE_BEGIN) != FALSE &&
+                      ReadFile(file, &last, 1, &count, nullptr) != FALSE;
+  return isRead && count == 1 && last != '\n' ? length.QuadPart : 0;
+}
+
 HANDLE asHandle(std::intptr_t handle) { return reinterpret_cast<HANDLE>(handle); }
 
 }  // namespace
@@ -53,6 +66,19 @@ bool AppendFile::isGone() const { return false; }
 void AppendFile::close() {
   if (isOpen()) CloseHandle(asHandle(handle_));
   handle_ = kNone;
+}
+
+bool endsInsideLine(const char* path) {
+  const HANDLE file = openFile(path, GENERIC_READ, OPEN_EXISTING);
+  if (file == INVALID_HANDLE_VALUE) return false;
+  const LONGLONG length = lengthWithoutLineEnd(file);
+  bool isTorn = length > 0;
+  if (isTorn) {
+    Sleep(10);
+    isTorn = lengthWithoutLineEnd(file) == length;
+  }
+  CloseHandle(file);
+  return isTorn;
 }
 
 bool truncateFile(const char* path) {
