@@ -146,14 +146,14 @@ TEST_F(Ring, StaysWithItsFileWhileThatHasRoom) {
   EXPECT_EQ(lines(1), (Lines{record("a"), record("b")}));
 }
 
-// Where a file that is open can be deleted at all.
+// Some systems do not let anybody delete a file that is open.
 TEST_F(Ring, BeginsAnewWhenItsFileIsDeleted) {
   open();
   log("a");
   std::error_code inUse;
-  if (!std::filesystem::remove(std::filesystem::u8path(file(0)), inUse)) GTEST_SKIP();
+  const bool isDeleted = std::filesystem::remove(std::filesystem::u8path(file(0)), inUse);
   log("b");
-  EXPECT_EQ(lines(0), (Lines{record("b")}));
+  EXPECT_EQ(lines(0), isDeleted ? Lines{record("b")} : (Lines{record("a"), record("b")}));
 }
 
 TEST_F(Ring, BeginsAnewWhenItsFolderIsDeletedAndRestored) {
@@ -161,12 +161,11 @@ TEST_F(Ring, BeginsAnewWhenItsFolderIsDeletedAndRestored) {
   log("a");
   std::error_code inUse;
   std::filesystem::remove_all(std::filesystem::u8path(folder_.path()), inUse);
-  if (inUse) GTEST_SKIP();
-  EXPECT_NE(printedBy([] { log("b"); }).find("NLog::WriteLocalFile File Open Failed"),
-            std::string::npos);
+  const std::string printed = printedBy([] { log("b"); });
+  EXPECT_EQ(printed.find("NLog::WriteLocalFile File Open Failed") != std::string::npos, !inUse);
   test::makeFolder(folder_.path());
   log("c");
-  EXPECT_EQ(lines(0), (Lines{record("c")}));
+  EXPECT_EQ(lines(0), inUse ? (Lines{record("a"), record("b"), record("c")}) : Lines{record("c")});
 }
 
 TEST_F(Ring, UsesTheTenthFile) {

@@ -5,10 +5,13 @@
 #else
 #include <dirent.h>
 #include <stdlib.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #endif
 
 #include <cstdint>
+#include <cstdlib>
+#include <utility>
 
 #include "support/temporary_folder.h"
 
@@ -19,6 +22,19 @@ namespace tolvex::test {
 const std::string kLineEnd = "\r\n";
 
 unsigned long processId() { return GetCurrentProcessId(); }
+
+void becomeOrdinaryUser() {}
+
+ReadOnlyFile::ReadOnlyFile(std::string path)
+    : path_(std::move(path)),
+      handle_(CreateFileA(path_.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0,
+                          nullptr)) {}
+
+ReadOnlyFile::~ReadOnlyFile() { CloseHandle(handle_); }
+
+bool appendsAreWhole() {
+  return GetProcAddress(GetModuleHandleA("ntdll.dll"), "wine_get_version") == nullptr;
+}
 
 // Asked handle by handle: Wine has no number for the whole process.
 std::size_t handleCount() {
@@ -50,6 +66,19 @@ std::string emptyLibraryFolder(const std::string&) { return emptied("c:/VARN/Log
 const std::string kLineEnd = "\n";
 
 unsigned long processId() { return static_cast<unsigned long>(getpid()); }
+
+void becomeOrdinaryUser() {
+  constexpr unsigned kNobody = 65534;
+  if (geteuid() == 0 && (setgid(kNobody) != 0 || setuid(kNobody) != 0)) std::abort();
+}
+
+ReadOnlyFile::ReadOnlyFile(std::string path) : path_(std::move(path)) {
+  chmod(path_.c_str(), 0444);
+}
+
+ReadOnlyFile::~ReadOnlyFile() { chmod(path_.c_str(), 0666); }
+
+bool appendsAreWhole() { return true; }
 
 std::size_t handleCount() {
   std::size_t count = 0;

@@ -11,6 +11,28 @@ extern const std::string kLineEnd;
 
 unsigned long processId();
 
+// Takes the rights of an administrator away from this process where it has them: files that may only
+// be read are so for it, too. Nothing on Windows, where they are so for everybody.
+void becomeOrdinaryUser();
+
+// As long as it lives, no ordinary user can open the file for writing: the rights on it are taken away,
+// or on Windows it is held open by one who shares it for reading only.
+class ReadOnlyFile {
+ public:
+  explicit ReadOnlyFile(std::string path);
+  ~ReadOnlyFile();
+  ReadOnlyFile(const ReadOnlyFile&) = delete;
+  ReadOnlyFile& operator=(const ReadOnlyFile&) = delete;
+
+ private:
+  std::string path_;
+  void* handle_ = nullptr;
+};
+
+// Whether the system itself puts what two processes append to a file one behind the other. Linux and
+// Windows do; Wine looks for the end of the file first and writes there then.
+bool appendsAreWhole();
+
 // The open files, sockets and the like of this process.
 std::size_t handleCount();
 
