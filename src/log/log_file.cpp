@@ -77,10 +77,13 @@ bool LogFile::open(const std::string& base) {
     position_ = file_.size();
     unchecked_ = 0;
     torn_ = false;
-    writeLine(kClearLine, std::strlen(kClearLine));
-  } else {
-    say("NLog::OpenFile", " Fail", "");
+    if (position_ <= kFullSize) {
+      writeLine(kClearLine, std::strlen(kClearLine));
+      return false;
+    }
+    file_.close();  // it could not be emptied, and would grow without end
   }
+  say("NLog::OpenFile", " Fail", "");
   return false;
 }
 

@@ -12,6 +12,7 @@ struct FakeDisk {
   std::size_t room = static_cast<std::size_t>(-1);  // bytes that can still be written
   int writes = 0;                                   // writes so far
   bool sizesKnown = true;
+  bool canBeEmptied = true;
 };
 
 extern FakeDisk disk;

@@ -118,6 +118,18 @@ TEST_F(FullDisk, IsNoReasonToCloseTheFile) {
   EXPECT_TRUE(file_.isOpen());
 }
 
+// Files may be written to and still not be emptied: another program has them mapped, or they are for
+// appending only.
+TEST(LogFileBound, HoldsWhereTheRingCannotBeEmptied) {
+  const std::string full(5242881, '\n');
+  for (char i = '0'; i <= '9'; ++i) test::disk.files[std::string("till_") + i + ".log"] = full;
+  test::disk.canBeEmptied = false;
+  LogFile file;
+  EXPECT_FALSE(file.open("till"));
+  EXPECT_FALSE(file.isOpen());
+  EXPECT_EQ(test::disk.files["till_0.log"].size(), full.size());
+}
+
 TEST(LogFileWrites, EachRecordAtOnce) {
   LogFile file;
   ASSERT_TRUE(file.open("till"));

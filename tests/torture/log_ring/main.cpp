@@ -22,7 +22,7 @@ using namespace tolvex::test;
 constexpr std::uint64_t kMebibyte = 1048576;
 
 struct Options {
-  unsigned mib = 16;
+  unsigned mib = 11;
   unsigned kills = 30;
   unsigned seed = std::random_device()();
   unsigned writer = 0;
