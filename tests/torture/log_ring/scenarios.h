@@ -20,7 +20,7 @@ struct RingFigures {
 };
 
 // Each takes the log's folder, which it empties, and throws std::runtime_error with what was not as
-// promised. The ring is filled with more than two files' worth.
+// promised. The ring is filled with more than one file's worth.
 void fillFromNearTheLimit(const std::string& folder, RingFigures& figures);
 void fill(const std::string& folder, std::uint64_t bytes, RingFigures& figures);
 void fillByTwo(const std::string& folder, std::uint64_t bytes, RingFigures& figures);
