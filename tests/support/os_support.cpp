@@ -2,8 +2,12 @@
 
 #ifdef _WIN32
 #include <windows.h>
+// after it
+#include <psapi.h>
 #else
 #include <dirent.h>
+#include <dlfcn.h>
+#include <malloc.h>
 #include <stdlib.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -11,6 +15,8 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <fstream>
+#include <stdexcept>
 #include <utility>
 
 #include "support/temporary_folder.h"
@@ -20,6 +26,7 @@ namespace tolvex::test {
 #ifdef _WIN32
 
 const std::string kLineEnd = "\r\n";
+const std::size_t kHandlesOfLocks = 3;
 
 unsigned long processId() { return GetCurrentProcessId(); }
 
@@ -49,6 +56,47 @@ std::size_t handleCount() {
 
 namespace {
 
+std::size_t inUse(HANDLE heap) {
+  std::size_t bytes = 0;
+  PROCESS_HEAP_ENTRY entry = {};
+  HeapLock(heap);
+  while (HeapWalk(heap, &entry) != FALSE) {
+    if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) bytes += entry.cbData;
+  }
+  HeapUnlock(heap);
+  return bytes;
+}
+
+}  // namespace
+
+MemoryUse memoryUse() {
+  HANDLE heaps[64];
+  const DWORD count = GetProcessHeaps(64, heaps);
+  MemoryUse use = {0, 0};
+  for (DWORD i = 0; i < count && i < 64; ++i) use.heap += inUse(heaps[i]);
+  PROCESS_MEMORY_COUNTERS_EX counters = {};
+  K32GetProcessMemoryInfo(GetCurrentProcess(),
+                          reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters), sizeof(counters));
+  use.resident = counters.PrivateUsage;
+  return use;
+}
+
+void countMemoryExactly(char**) {}
+
+SharedLibrary::SharedLibrary(const std::string& path) : handle_(LoadLibraryA(path.c_str())) {
+  if (handle_ == nullptr) throw std::runtime_error("cannot load " + path);
+}
+
+SharedLibrary::~SharedLibrary() { FreeLibrary(static_cast<HMODULE>(handle_)); }
+
+SharedLibrary::Address SharedLibrary::address(const char* name) const {
+  const FARPROC found = GetProcAddress(static_cast<HMODULE>(handle_), name);
+  if (found == nullptr) throw std::runtime_error(std::string("no function ") + name);
+  return reinterpret_cast<Address>(found);
+}
+
+namespace {
+
 std::string emptied(const std::string& folder) {
   removeTree(folder);
   makeFolder(folder);
@@ -64,6 +112,7 @@ std::string emptyLibraryFolder(const std::string&) { return emptied("c:/VARN/Log
 #else
 
 const std::string kLineEnd = "\n";
+const std::size_t kHandlesOfLocks = 0;
 
 unsigned long processId() { return static_cast<unsigned long>(getpid()); }
 
@@ -86,6 +135,35 @@ std::size_t handleCount() {
   while (readdir(folder) != nullptr) ++count;
   closedir(folder);
   return count;
+}
+
+MemoryUse memoryUse() {
+  const struct mallinfo2 heap = mallinfo2();
+  std::size_t whole = 0;
+  std::size_t resident = 0;
+  std::ifstream("/proc/self/statm") >> whole >> resident;
+  return {heap.uordblks + heap.hblkhd, resident * static_cast<std::size_t>(getpagesize())};
+}
+
+// The blocks that each thread keeps at hand count as used, a few more with every size that was ever
+// freed: they are done without.
+void countMemoryExactly(char** arguments) {
+  constexpr char kTunables[] = "GLIBC_TUNABLES";
+  if (getenv(kTunables) != nullptr) return;
+  setenv(kTunables, "glibc.malloc.tcache_count=0", 1);
+  execv("/proc/self/exe", arguments);
+}
+
+SharedLibrary::SharedLibrary(const std::string& path) : handle_(dlopen(path.c_str(), RTLD_NOW)) {
+  if (handle_ == nullptr) throw std::runtime_error("cannot load " + path);
+}
+
+SharedLibrary::~SharedLibrary() { dlclose(handle_); }
+
+SharedLibrary::Address SharedLibrary::address(const char* name) const {
+  void* const found = dlsym(handle_, name);
+  if (found == nullptr) throw std::runtime_error(std::string("no function ") + name);
+  return reinterpret_cast<Address>(found);
 }
 
 namespace {

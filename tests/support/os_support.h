@@ -36,6 +36,44 @@ bool appendsAreWhole();
 // The open files, sockets and the like of this process.
 std::size_t handleCount();
 
+// The memory of this process, in bytes.
+struct MemoryUse {
+  std::size_t heap;      // what was allocated and not freed
+  std::size_t resident;  // what the system keeps for it (on Windows: the private bytes)
+};
+
+MemoryUse memoryUse();
+
+// Has the heap tell what is in use to the byte. Called first in main(), with its arguments: it may
+// begin the program again.
+void countMemoryExactly(char** arguments);
+
+// Handles that a process may come to have without opening anything: on Windows a lock gets one when
+// two threads meet at it for the first time.
+extern const std::size_t kHandlesOfLocks;
+
+// A library that is loaded at run time, by its path.
+class SharedLibrary {
+ public:
+  // Throws std::runtime_error where it cannot be loaded.
+  explicit SharedLibrary(const std::string& path);
+  ~SharedLibrary();  // gives it back; it goes when nobody else holds it
+  SharedLibrary(const SharedLibrary&) = delete;
+  SharedLibrary& operator=(const SharedLibrary&) = delete;
+
+  // A function of it. Throws std::runtime_error where there is none of that name.
+  template <typename Function>
+  Function find(const char* name) const {
+    return reinterpret_cast<Function>(address(name));
+  }
+
+ private:
+  using Address = void (*)();
+  Address address(const char* name) const;
+
+  void* handle_;
+};
+
 // Makes the logger's default folder (under the given folder where the system lets a test say so),
 // without any log file in it, and returns its path.
 std::string emptyDefaultLogFolder(const std::string& parent);

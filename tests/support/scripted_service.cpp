@@ -39,9 +39,10 @@ std::string takeObject(std::string& bytes) {
 }
 
 struct Step {
-  enum Kind { kAnswer, kSilence, kClose, kReset } kind;
+  enum Kind { kAnswer, kSilence, kClose, kReset, kHold } kind;
   std::string reply;
   milliseconds delay{0};
+  std::string heldBack{};
 };
 
 struct Connection {
@@ -65,6 +66,22 @@ class Port : public ServicePort {
     plan({Step::kAnswer, reply, delay});
   }
   void staysSilent() override { plan({Step::kSilence, ""}); }
+  void holdsBack(const std::string& now, const std::string& later) override {
+    plan({Step::kHold, now, milliseconds(0), later});
+  }
+  void sendsWhatItHeldBack() override {
+    inLoop([&] {
+      if (holding_ == nullptr) throw std::logic_error("nothing was held back");
+      write(holding_, heldBack_);  // to nobody, where the connection is gone
+      holding_ = nullptr;
+      const std::lock_guard<std::mutex> lock(mutex_);
+      --heldCount_;
+    });
+  }
+  bool holdsSomethingBack() override {
+    std::unique_lock<std::mutex> lock(mutex_);
+    return changed_.wait_for(lock, std::chrono::seconds(10), [&] { return heldCount_ > 0; });
+  }
   void closes() override { plan({Step::kClose, ""}); }
   void resets() override { plan({Step::kReset, ""}); }
   void alwaysAnswers(std::function<std::string(const std::string&)> reply) override {
@@ -97,6 +114,10 @@ class Port : public ServicePort {
     inLoop([&] { listen(); });
   }
 
+  void keepsNoRequests() override {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    keepsRequests_ = false;
+  }
   std::vector<std::string> requests() override {
     const std::lock_guard<std::mutex> lock(mutex_);
     return requests_;
@@ -199,7 +220,7 @@ class Port : public ServicePort {
   void serve(const ConnectionPtr& connection, const std::string& request) {
     {
       const std::lock_guard<std::mutex> lock(mutex_);
-      requests_.push_back(request);
+      if (keepsRequests_) requests_.push_back(request);
     }
     Step step{Step::kSilence, ""};
     if (!script_.empty()) {
@@ -217,6 +238,15 @@ class Port : public ServicePort {
       });
     } else if (step.kind == Step::kAnswer) {
       write(connection, step.reply);
+    } else if (step.kind == Step::kHold) {
+      write(connection, step.reply);
+      holding_ = connection;
+      heldBack_ = step.heldBack;
+      {
+        const std::lock_guard<std::mutex> lock(mutex_);
+        ++heldCount_;
+      }
+      changed_.notify_all();
     }
   }
 
@@ -252,12 +282,16 @@ class Port : public ServicePort {
   std::list<ConnectionPtr> open_;
   std::deque<Step> script_;
   std::function<std::string(const std::string&)> standing_;
+  ConnectionPtr holding_;
+  std::string heldBack_;
 
   std::mutex mutex_;
   std::condition_variable changed_;
   std::vector<std::string> requests_;
   unsigned accepted_ = 0;
   unsigned openCount_ = 0;
+  unsigned heldCount_ = 0;
+  bool keepsRequests_ = true;
 };
 
 }  // namespace

@@ -21,6 +21,8 @@ class ServicePort {
   virtual void answers(const std::string& reply) = 0;
   virtual void answersAfter(std::chrono::milliseconds delay, const std::string& reply) = 0;
   virtual void staysSilent() = 0;
+  // A part of the answer, perhaps none of it; the rest when it is told to, on the same connection.
+  virtual void holdsBack(const std::string& now, const std::string& later) = 0;
   virtual void closes() = 0;  // instead of an answer, in order
   virtual void resets() = 0;  // likewise, with a reset
   // Beyond the script: the answer to every further request, made from the request.
@@ -32,6 +34,10 @@ class ServicePort {
   // Forgets the steps that no request has taken.
   virtual void forgetsItsScript() = 0;
 
+  virtual void sendsWhatItHeldBack() = 0;
+  // Waits until a request has come to that step, at most ten seconds; returns whether it has.
+  virtual bool holdsSomethingBack() = 0;
+
   // At once, on the newest connection.
   virtual void sends(const std::string& bytes) = 0;
   virtual void closesConnections() = 0;
@@ -41,6 +47,8 @@ class ServicePort {
   virtual void goesAway() = 0;
   virtual void comesBack() = 0;
 
+  // From now on requests are not recorded: for runs of millions.
+  virtual void keepsNoRequests() = 0;
   virtual std::vector<std::string> requests() = 0;
   virtual unsigned connections() = 0;  // accepted so far
   // Waits until so many connections were accepted, at most ten seconds; returns whether they were.
