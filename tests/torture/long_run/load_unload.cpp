@@ -100,6 +100,7 @@ class Loads {
 }  // namespace tolvex::test
 
 int main(int count, char** arguments) {
+  tolvex::test::countMemoryExactly(arguments);
   using namespace tolvex::test;
   return runProof(count, arguments, [](const Options& options, std::uint64_t) {
     return Loads(options.text("--library", ""),

@@ -8,6 +8,7 @@
 #include "numbered_calls.h"
 #include "run.h"
 #include "support/host.h"
+#include "support/os_support.h"
 #include "support/scripted_service.h"
 
 namespace tolvex::test {
@@ -221,5 +222,6 @@ std::string soak(const Options& options, std::uint64_t seed) {
 }  // namespace tolvex::test
 
 int main(int count, char** arguments) {
+  tolvex::test::countMemoryExactly(arguments);
   return tolvex::test::runProof(count, arguments, tolvex::test::soak);
 }

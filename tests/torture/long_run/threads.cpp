@@ -1,5 +1,5 @@
 // Eight threads of one application, each of which must get the replies to its own requests.
-//   threads [--exchanges N] [--seed N]
+//   threads [--exchanges N] [--first-call-alone 0|1] [--seed N]
 #include <algorithm>
 #include <atomic>
 #include <cstdio>
@@ -225,6 +225,10 @@ std::string eightThreads(const Options& options, std::uint64_t seed) {
     service.printing().keepsNoRequests();
     service.weighing().alwaysAnswers([&](const std::string& r) { return echo.weighing(r); });
     service.printing().alwaysAnswers([&](const std::string& r) { return echo.printing(r); });
+    // Once the context is there, threads that begin later see it without any atomic variable.
+    if (options.number("--first-call-alone", 0) != 0) {
+      mustHold(checkConnection() == 1, "checkConnection found nobody");
+    }
     inThreads(work);
     mustHold(service.weighing().connections() == 1 && service.printing().connections() == 1,
              "more than one connection to a port");
