@@ -9,6 +9,7 @@
 #include <dlfcn.h>
 #include <malloc.h>
 #include <stdlib.h>
+#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -22,6 +23,13 @@
 #include "support/temporary_folder.h"
 
 namespace tolvex::test {
+namespace {
+
+constexpr std::size_t kPage = 4096;
+
+std::size_t wholePages(std::size_t size) { return (size + kPage - 1) / kPage * kPage; }
+
+}  // namespace
 
 #ifdef _WIN32
 
@@ -82,6 +90,18 @@ MemoryUse memoryUse() {
 }
 
 void countMemoryExactly(char**) {}
+
+GuardedMemory::GuardedMemory(std::size_t leastSize) : size_(wholePages(leastSize)) {
+  auto* const whole = static_cast<char*>(
+      VirtualAlloc(nullptr, size_ + 2 * kPage, MEM_RESERVE | MEM_COMMIT, PAGE_NOACCESS));
+  DWORD before = 0;
+  if (whole == nullptr || VirtualProtect(whole + kPage, size_, PAGE_READWRITE, &before) == FALSE) {
+    throw std::runtime_error("no guarded memory");
+  }
+  begin_ = whole + kPage;
+}
+
+GuardedMemory::~GuardedMemory() { VirtualFree(begin_ - kPage, 0, MEM_RELEASE); }
 
 SharedLibrary::SharedLibrary(const std::string& path) : handle_(LoadLibraryA(path.c_str())) {
   if (handle_ == nullptr) throw std::runtime_error("cannot load " + path);
@@ -153,6 +173,18 @@ void countMemoryExactly(char** arguments) {
   setenv(kTunables, "glibc.malloc.tcache_count=0", 1);
   execv("/proc/self/exe", arguments);
 }
+
+GuardedMemory::GuardedMemory(std::size_t leastSize) : size_(wholePages(leastSize)) {
+  void* const whole =
+      mmap(nullptr, size_ + 2 * kPage, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  if (whole == MAP_FAILED) throw std::runtime_error("no guarded memory");
+  begin_ = static_cast<char*>(whole) + kPage;
+  if (mprotect(begin_, size_, PROT_READ | PROT_WRITE) != 0) {
+    throw std::runtime_error("no guarded memory");
+  }
+}
+
+GuardedMemory::~GuardedMemory() { munmap(begin_ - kPage, size_ + 2 * kPage); }
 
 SharedLibrary::SharedLibrary(const std::string& path) : handle_(dlopen(path.c_str(), RTLD_NOW)) {
   if (handle_ == nullptr) throw std::runtime_error("cannot load " + path);

@@ -52,6 +52,23 @@ void countMemoryExactly(char** arguments);
 // two threads meet at it for the first time.
 extern const std::size_t kHandlesOfLocks;
 
+// Memory between two pages that nobody may touch: who reads or writes beyond it ends the program.
+class GuardedMemory {
+ public:
+  explicit GuardedMemory(std::size_t leastSize);
+  ~GuardedMemory();
+  GuardedMemory(const GuardedMemory&) = delete;
+  GuardedMemory& operator=(const GuardedMemory&) = delete;
+
+  char* begin() const { return begin_; }
+  char* end() const { return begin_ + size_; }
+  std::size_t size() const { return size_; }
+
+ private:
+  char* begin_;
+  std::size_t size_;
+};
+
 // A library that is loaded at run time, by its path.
 class SharedLibrary {
  public:
