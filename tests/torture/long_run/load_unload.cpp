@@ -1,5 +1,6 @@
 // An application that loads the library at run time and frees it, again and again.
 //   load_unload --library PATH [--times N] [--address-first 0|1]
+#include <algorithm>
 #include <functional>
 #include <thread>
 
@@ -48,7 +49,7 @@ class Loads {
     work();  // what the first time makes stays
     Growth growth;
     for (unsigned i = 0; i < times_; ++i) {
-      if (i % (times_ / kPoints) == 0) growth.note(i);
+      if (i % std::max(1U, times_ / kPoints) == 0) growth.note(i);
       work();
     }
     growth.note(times_);
