@@ -249,7 +249,8 @@ class Calls {
       if (one.parameters[at].kind != Kind::kText) continue;
       Values values = ordinaryValues(one);
       values[at] = text(std::string(kMegabyte, 'm'));
-      check(one, values);
+      settle(one, values);
+      checkAt(one, values, true);
     }
   }
 
@@ -273,8 +274,8 @@ class Calls {
 
   // ---- One call ----
 
-  // With each text and each buffer at the end of its memory, and with each at the begin.
-  void check(const ExportUnderTest& one, Values values) {
+  // Gives each value its kind, and each buffer its room.
+  static void settle(const ExportUnderTest& one, Values& values) {
     for (std::size_t at = 0; at < values.size(); ++at) {
       values[at].kind = one.parameters[at].kind;
       if (values[at].kind == Kind::kBuffer && !values[at].isNull) {
@@ -283,6 +284,11 @@ class Calls {
                                 : std::max(fixedRoom(one.name), values[at].text.size() + 1);
       }
     }
+  }
+
+  // With each text and each buffer at the end of its memory, and with each at the begin.
+  void check(const ExportUnderTest& one, Values values) {
+    settle(one, values);
     checkAt(one, values, true);
     const bool hasMemory = std::any_of(values.begin(), values.end(), [](const Value& value) {
       return value.kind == Kind::kText || value.kind == Kind::kBuffer;
