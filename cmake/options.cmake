@@ -29,9 +29,18 @@ if(TOLVEX_SANITIZE)
     target_compile_options(tolvex_options INTERFACE $<$<CXX_COMPILER_ID:GNU>:-Wno-tsan>)
   endif()
 else()
-  # No file that is built may tell where: two folders give the same bytes.
-  target_compile_options(tolvex_options INTERFACE
-    -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+  if(TOLVEX_COVERAGE)
+    set(counting -fprofile-instr-generate -fcoverage-mapping)
+    # One name for each file, whether it was given to the compiler from the build tree or was included.
+    file(RELATIVE_PATH sources ${PROJECT_BINARY_DIR} ${PROJECT_SOURCE_DIR}/src)
+    target_compile_options(tolvex_options INTERFACE ${counting} -O0
+      -fcoverage-prefix-map=${sources}=${PROJECT_SOURCE_DIR}/src)
+    target_link_options(tolvex_options INTERFACE ${counting})
+  else()
+    # No file that is built may tell where: two folders give the same bytes.
+    target_compile_options(tolvex_options INTERFACE
+      -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+  endif()
   # The library is optimised as the configuration says; the programs and the tests lose nothing by less.
   set(fast $<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>)
   # The tests are not optimised at all, which takes a third less time to compile.
