@@ -19,6 +19,8 @@ target_link_libraries(gtest_main PUBLIC gtest)
 
 include(GoogleTest)
 
+set(TOLVEX_TEST_LIMIT 120 CACHE STRING "Seconds that a unit test may take")
+
 include(cmake/locales.cmake)
 
 # The headers that every test includes, compiled once. A program of its own, since a precompiled header
@@ -60,7 +62,7 @@ function(tolvex_discover_tests name)
   gtest_discover_tests(${name} NO_PRETTY_VALUES TEST_PREFIX ${prefix} TEST_FILTER "${arg_FILTER}"
     TEST_LIST ${prefix}tests DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 120
     WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name}
-    PROPERTIES TIMEOUT 120 LABELS "${arg_LABELS}" ${arg_PROPERTIES})
+    PROPERTIES TIMEOUT ${TOLVEX_TEST_LIMIT} LABELS "${arg_LABELS}" ${arg_PROPERTIES})
   if(arg_ENVIRONMENT)
     # Several variables are a list, which does not get through the PROPERTIES above in one piece.
     set(file ${CMAKE_CURRENT_BINARY_DIR}/${prefix}environment.cmake)
