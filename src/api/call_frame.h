@@ -14,8 +14,7 @@ constexpr int kExportFailed = 255;
 
 // What an export returns when an exception reached it.
 constexpr int kVerdictOfException = kExportFailed;  // where it answers with 240 or 255
-constexpr int kCodeOfException = 1;      // "Unknown", where it answers with the command's code
-constexpr int kCodeWithoutClient = 255;  // of the forwarders that check for a client
+constexpr int kCodeOfException = 1;  // "Unknown", where it answers with the command's code
 
 // Runs the body of an export and returns its result. No exception passes into the host application:
 // every one becomes the given result. What is computed does not depend on the host application's

@@ -7,10 +7,7 @@ using namespace tolvex;
 
 int checkConnection(void) {
   constexpr int kNoAnswer = 0;
-  return guarded(kNoAnswer, [] {
-    VcoClientApi* const client = libraryClient();
-    return client != nullptr && client->checkConnection() ? 1 : kNoAnswer;
-  });
+  return guarded(kNoAnswer, [] { return libraryClient()->checkConnection() ? 1 : kNoAnswer; });
 }
 
 int getLastErrCode(void) {

@@ -9,7 +9,6 @@ using namespace tolvex;
 int getLogLevel(const char* module, char* buffer, unsigned int size) {
   return guarded(kCodeOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kCodeWithoutClient;
     return static_cast<int>(client->getLogLevel(module, buffer, size));
   });
 }
@@ -17,7 +16,6 @@ int getLogLevel(const char* module, char* buffer, unsigned int size) {
 int setLogLevel(const char* module, const char* level) {
   return guarded(kCodeOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kCodeWithoutClient;
     return static_cast<int>(client->setLogLevel(module, level));
   });
 }

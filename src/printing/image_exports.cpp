@@ -27,7 +27,6 @@ int PrintBitmapFile(const char* path, int angle) {
 int PrintBitmapFileWithAlign(const char* path, unsigned int angle, unsigned int align) {
   return guarded(kVerdictOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     NLog* const log = NLog::GetInstance();
     if (path == nullptr) {
       NLog::Log(log, kModuleDll, kLevelFailure, 763,

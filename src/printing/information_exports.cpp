@@ -49,7 +49,6 @@ int sendRawCmdToPrt(const char* printerName, const char* command, int number,
                     const char* parameters, char* reply, unsigned int size, unsigned int wait) {
   return guarded(kCodeOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kCodeWithoutClient;
     return static_cast<int>(
         client->sendRawCmdToPrt(printerName, command, number, parameters, reply, size, wait));
   });

@@ -7,8 +7,5 @@
 using namespace tolvex;
 
 int BeginPrint(int jobType) {
-  return guarded(kVerdictOfException, [&] {
-    VcoClientApi* const client = libraryClient();
-    return client == nullptr ? kExportFailed : runPrintJob(*client, jobType);
-  });
+  return guarded(kVerdictOfException, [&] { return runPrintJob(*libraryClient(), jobType); });
 }

@@ -33,7 +33,6 @@ template <typename Send, typename Detail>
 int loggedCommand(const LoggedCommand& command, Send&& send, Detail&& detail) {
   return guarded(kVerdictOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     logEntry(command, *client);
     const unsigned code = send(*client);
     if (code != result::kOk) {

@@ -36,7 +36,6 @@ int checkFontSize(unsigned fontSize) {
 int PrintText(const char* text, unsigned int fontSize) {
   return guarded(kVerdictOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     NLog* const log = NLog::GetInstance();
     if (text == nullptr) {
       NLog::Log(log, kModuleDll, kLevelFailure, 521, "[PrintText] Input param is NULL");
@@ -60,7 +59,6 @@ int PrintText(const char* text, unsigned int fontSize) {
 int PrintTextByPaperWidth(const char* text, unsigned int fontSize, unsigned int width) {
   return guarded(kVerdictOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     NLog* const log = NLog::GetInstance();
     if (text == nullptr) {
       NLog::Log(log, kModuleDll, kLevelFailure, 548, "[PrintTextByPaperWidth] Input param is NULL");

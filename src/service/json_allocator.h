@@ -8,20 +8,12 @@
 namespace tolvex {
 
 // The heap, with exhaustion told by std::bad_alloc: the JSON library does not look whether it got
-// the memory it asked for.
+// the memory it asked for. As much of it as the library's memory pools use.
 class ThrowingAllocator {
  public:
   static constexpr bool kNeedFree = true;
 
   void* Malloc(std::size_t size) { return size == 0 ? nullptr : checked(std::malloc(size)); }
-
-  void* Realloc(void* block, std::size_t, std::size_t newSize) {
-    if (newSize == 0) {
-      std::free(block);
-      return nullptr;
-    }
-    return checked(std::realloc(block, newSize));
-  }
 
   static void Free(void* block) { std::free(block); }
 

@@ -46,7 +46,6 @@ int read_baseinfo(char* record) {
   return guarded(kVerdictOfException, [&] {
     ReadBuffer reply;
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     NLog* const log = NLog::GetInstance();
     if (record == nullptr) {
       NLog::Log(log, kModuleDll, kLevelFailure, 368, "[read_baseinfo] Input param is NULL");
@@ -65,7 +64,6 @@ int read_standard(char* record) {
   return guarded(kVerdictOfException, [&] {
     ReadBuffer reply;
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     if (record == nullptr) {
       NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 388,
                 "[read_standard] Input param is NULL");
@@ -84,7 +82,6 @@ int read_standard(char* record) {
 int send_zero(void) {
   return guarded(kVerdictOfException, [] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     NLog* const log = NLog::GetInstance();
     NLog::Log(log, kModuleDll, kLevelTrace, 412, "[%s][send_zero] Enter", name(client));
     const unsigned code = client->setZero();
@@ -100,7 +97,6 @@ int send_zero(void) {
 int send_pre_tare(char* text) {
   return guarded(kVerdictOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     NLog* const log = NLog::GetInstance();
     if (text == nullptr) {
       NLog::Log(log, kModuleDll, kLevelFailure, 430, "[send_pre_tare] Input param is NULL");
@@ -124,7 +120,6 @@ int send_pre_tare(char* text) {
 int set_tare_bykey(char* reply) {
   return guarded(kVerdictOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     NLog* const log = NLog::GetInstance();
     NLog::Log(log, kModuleDll, kLevelTrace, 456, "[%s][set_tare_bykey] Enter", name(client));
     if (reply == nullptr) {
@@ -147,7 +142,6 @@ int set_tare_bykey(char* reply) {
 int send_tare(char* reply) {
   return guarded(kVerdictOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelTrace, 478, "[%s][send_tare] Enter",
               name(client));
     return set_tare_bykey(reply);
@@ -157,7 +151,6 @@ int send_tare(char* reply) {
 int clear_tare(char* reply) {
   return guarded(kVerdictOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kExportFailed;
     NLog* const log = NLog::GetInstance();
     NLog::Log(log, kModuleDll, kLevelTrace, 489, "[%s][clear_tare] Enter", name(client));
     if (reply == nullptr) {
@@ -179,7 +172,7 @@ int clear_tare(char* reply) {
 int getLCVersion(char* buffer, unsigned int size) {
   return guarded(kCodeOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    return client == nullptr ? 0 : static_cast<int>(client->getLCVersion(buffer, size));
+    return static_cast<int>(client->getLCVersion(buffer, size));
   });
 }
 
@@ -193,7 +186,6 @@ int sendRawCmdToLC(const char* command, const char* parameters, char* reply, uns
                    unsigned int wait) {
   return guarded(kCodeOfException, [&] {
     VcoClientApi* const client = libraryClient();
-    if (client == nullptr) return kCodeWithoutClient;
     return static_cast<int>(client->sendRawCmdToLC(command, parameters, reply, size, wait));
   });
 }
