@@ -106,6 +106,30 @@ TEST_F(FullDisk, WritesNoFurtherPieceOfALineThatIsTorn) {
   EXPECT_EQ(test::disk.writes, 1);
 }
 
+TEST_F(FullDisk, LeavesALineTornAtTheEndOfAFullFileToThatFile) {
+  test::disk.files["till_0.log"].assign(kFullSize, 'x');
+  leaveRoomFor(3);
+  write("first");
+  makeRoom();
+  file_.close();
+  ASSERT_TRUE(file_.open("till"));
+  write("second");
+  EXPECT_EQ(test::disk.files["till_1.log"], "second\r\n");
+}
+
+TEST_F(FullDisk, LeavesNothingOfATornLineInARingThatIsEmptied) {
+  for (unsigned i = 1; i < kRingFiles; ++i) {
+    test::disk.files["till_" + std::to_string(i) + ".log"].assign(kFullSize + 1, 'x');
+  }
+  test::disk.files["till_0.log"].assign(kFullSize, 'x');
+  leaveRoomFor(3);
+  write("first");
+  makeRoom();
+  file_.close();
+  ASSERT_FALSE(file_.open("till"));
+  EXPECT_EQ(contents(), " ===== Clear All logs =====\r\n");
+}
+
 TEST_F(FullDisk, CountsOnlyWhatWasWritten) {
   leaveRoomFor(0);
   for (int i = 0; i < 100; ++i) write(std::string(100000, 'x'));
@@ -146,6 +170,19 @@ TEST(LogFileWrites, ALongLineAtOnce) {
   for (std::size_t i = 10; i < line.size(); i += 100) line[i] = '\n';
   file.writeLine(line.data(), line.size());
   EXPECT_EQ(test::disk.writes, 1);
+}
+
+// Others may write to the file; to ask costs as much as to write.
+TEST(LogFileWrites, AskForTheSizeOfTheFileOnceIn64KiB) {
+  LogFile file;
+  ASSERT_TRUE(file.open("till"));
+  test::disk.questions = 0;
+  const std::string record(1022, 'r');  // and a line end
+  for (int i = 0; i < 64 * 3; ++i) {
+    file.writeLine(record.data(), record.size());
+    EXPECT_FALSE(file.isFull());
+    EXPECT_EQ(test::disk.questions, (i + 1) / 64);
+  }
 }
 
 TEST(LogFileWrites, GoOnWhereTheLengthOfTheFileIsUnknown) {
