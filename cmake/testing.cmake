@@ -19,7 +19,9 @@ target_link_libraries(gtest_main PUBLIC gtest)
 
 include(GoogleTest)
 
+option(TOLVEX_FEW_PROCESSES "Run tests in one process that need none of their own" OFF)
 set(TOLVEX_TEST_LIMIT 120 CACHE STRING "Seconds that a unit test may take")
+set(TOLVEX_PROGRAM_LIMIT 300 CACHE STRING "Seconds that a program of them may take where it runs as one test")
 
 include(cmake/locales.cmake)
 
@@ -82,10 +84,10 @@ function(tolvex_unit_test name)
   cmake_parse_arguments(arg "ONE_PROCESS_WHERE_SLOW" "PREFIX;FILTER;LOCALE"
     "SOURCES;LIBRARIES;ENVIRONMENT;LABELS;PROPERTIES" ${ARGN})
   tolvex_test_program(${name} SOURCES ${arg_SOURCES} LIBRARIES ${arg_LIBRARIES})
-  if(arg_ONE_PROCESS_WHERE_SLOW AND (CMAKE_CROSSCOMPILING_EMULATOR OR TOLVEX_SANITIZE))
+  if(arg_ONE_PROCESS_WHERE_SLOW AND (CMAKE_CROSSCOMPILING_EMULATOR OR TOLVEX_SANITIZE OR TOLVEX_FEW_PROCESSES))
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1
       WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 300 LABELS "${arg_LABELS}")
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${TOLVEX_PROGRAM_LIMIT} LABELS "${arg_LABELS}")
     return()
   endif()
   tolvex_discover_tests(${name} PREFIX "${arg_PREFIX}" FILTER "${arg_FILTER}" LOCALE "${arg_LOCALE}"

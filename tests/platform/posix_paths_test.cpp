@@ -3,6 +3,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <cstdlib>
+#include <filesystem>
 #include <string>
 
 #include "platform/paths.h"
@@ -84,6 +86,45 @@ TEST(HostExecutable, IsThisProgram) {
   EXPECT_EQ(hostExecutable(), path);
   EXPECT_EQ(hostExecutableUtf8(), path);
   free(path);
+}
+
+// Each of these runs itself once more in a copy of this program, which knows its path from a variable.
+class CopiedExecutable : public testing::Test {
+ protected:
+  static const char* ownPath() { return std::getenv("TOLVEX_TEST_COPY"); }
+
+  // Whether the same test passes in a copy under so many folders of this name.
+  bool passesIn(const std::string& name, int depth) const {
+    std::string path = folder_.path();
+    for (int i = 0; i < depth; ++i) path += name + '/';
+    test::makeFolder(path);
+    path += "till";
+    std::filesystem::copy_file("/proc/self/exe", path);
+    setenv("TOLVEX_TEST_COPY", path.c_str(), 1);
+    const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
+    return std::system(
+               ('"' + path + "\" --gtest_filter=CopiedExecutable." + test->name()).c_str()) == 0;
+  }
+
+  const test::TemporaryFolder folder_;
+};
+
+TEST_F(CopiedExecutable, IsFoundUnderALongPath) {
+  if (ownPath() != nullptr) {
+    EXPECT_EQ(hostExecutable(), ownPath());
+  } else {
+    EXPECT_TRUE(passesIn(std::string(200, 'x'), 7));
+  }
+}
+
+// As where the application is updated while it runs.
+TEST_F(CopiedExecutable, KeepsItsPathWhenItsFileIsReplaced) {
+  if (ownPath() != nullptr) {
+    ASSERT_EQ(unlink(ownPath()), 0);
+    EXPECT_EQ(hostExecutable(), ownPath());
+  } else {
+    EXPECT_TRUE(passesIn("till", 1));
+  }
 }
 
 TEST(PathSeparator, IsASlash) { EXPECT_EQ(kPathSeparator, '/'); }
