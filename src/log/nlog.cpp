@@ -18,14 +18,17 @@ constexpr char kDefaultName[] = "NLog";
 constexpr int kLoggerThreshold = 3;  // of the module "NLog"
 constexpr int kRecordSize = 512;     // a record holds two bytes less than this
 
-// The locks outlive every caller: threads may log until the process is gone.
+// The locks outlive every caller: threads may log until the process is gone. They take no memory from
+// the heap, so that a record can be written, or dropped, when there is none left.
 RecursiveLock& creationLock() {
-  static RecursiveLock* const lock = new RecursiveLock;
+  alignas(RecursiveLock) static unsigned char storage[sizeof(RecursiveLock)];
+  static RecursiveLock* const lock = new (storage) RecursiveLock;
   return *lock;
 }
 
 RecursiveLock& writerLock() {
-  static RecursiveLock* const lock = new RecursiveLock;
+  alignas(RecursiveLock) static unsigned char storage[sizeof(RecursiveLock)];
+  static RecursiveLock* const lock = new (storage) RecursiveLock;
   return *lock;
 }
 
