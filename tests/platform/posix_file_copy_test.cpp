@@ -130,6 +130,18 @@ TEST_F(FullDiskCopy, LeavesNothingOpen) {
   EXPECT_EQ(test::handleCount(), handles);
 }
 
+// Some services run without; a file may then have the number 0.
+TEST_F(PosixFileCopy, LeavesNothingOpenWhereThereIsNoStandardInput) {
+  const int standardInput = dup(STDIN_FILENO);
+  close(STDIN_FILENO);
+  const bool copied = copy();
+  const bool left = fcntl(STDIN_FILENO, F_GETFD) != -1;
+  dup2(standardInput, STDIN_FILENO);
+  close(standardInput);
+  EXPECT_TRUE(copied);
+  EXPECT_FALSE(left);
+}
+
 // The kernel lists this process's memory as an ordinary file that cannot be read at its start.
 TEST_F(PosixFileCopy, OfAFileThatCannotBeReadFails) {
   EXPECT_FALSE(copyFile("/proc/self/mem", target_.c_str()));
