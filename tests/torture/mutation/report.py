@@ -44,7 +44,7 @@ def _table(by_folder):
     return "\n".join(rows)
 
 
-def write(file, options, results, tried, root):
+def write(file, options, results, tried):
     by_folder = defaultdict(lambda: defaultdict(int))
     by_operator = defaultdict(lambda: defaultdict(int))
     survivors = []
