@@ -67,8 +67,11 @@ TEST_F(SocketWait, TakesTheLongestTimeOut) {
 TEST_F(SocketWait, OnAReleasedSocketFails) {
   const Socket other = createTcp();
   release(other);
-  EXPECT_EQ(wait(other, 10000, false).count, -1);
+  const Readiness readiness = wait(other, 10000, false);
   EXPECT_EQ(lastError(), 10038);
+  EXPECT_EQ(readiness.count, -1);
+  EXPECT_FALSE(readiness.ready);
+  EXPECT_FALSE(readiness.exceptional);
 }
 
 TEST_F(SocketWait, OnAnInvalidSocketIsNeverReady) {
