@@ -39,17 +39,20 @@ std::string takeObject(std::string& bytes) {
 }
 
 struct Step {
-  enum Kind { kAnswer, kSilence, kClose, kReset, kHold } kind;
+  enum Kind { kAnswer, kSilence, kClose, kReset, kHold, kShutSending, kShutReceiving, kDrip } kind;
   std::string reply;
   milliseconds delay{0};
   std::string heldBack{};
 };
+
+constexpr int kMoreThanMayWait = 4;
 
 struct Connection {
   explicit Connection(tcp::socket s) : socket(std::move(s)), timer(socket.get_executor()) {}
   tcp::socket socket;
   asio::steady_timer timer;
   std::string received;
+  bool deaf = false;
   char block[65536] = {};
 };
 using ConnectionPtr = std::shared_ptr<Connection>;
@@ -84,6 +87,13 @@ class Port : public ServicePort {
   }
   void closes() override { plan({Step::kClose, ""}); }
   void resets() override { plan({Step::kReset, ""}); }
+  void shutsSending() override { plan({Step::kShutSending, ""}); }
+  void answersAndShutsReceiving(const std::string& reply) override {
+    plan({Step::kShutReceiving, reply});
+  }
+  void drips(milliseconds interval, const std::string& reply) override {
+    plan({Step::kDrip, reply, interval});
+  }
   void alwaysAnswers(std::function<std::string(const std::string&)> reply) override {
     inLoop([&] { standing_ = std::move(reply); });
   }
@@ -104,14 +114,29 @@ class Port : public ServicePort {
   void resetsConnections() override {
     inLoop([&] { dropAll(true); });
   }
+  void welcomes(Welcome welcome) override {
+    inLoop([&] { welcome_ = welcome; });
+  }
   void goesAway() override {
-    inLoop([&] {
-      acceptor_.close();
-      dropAll(true);
-    });
+    inLoop([&] { stopListening(); });
   }
   void comesBack() override {
-    inLoop([&] { listen(); });
+    inLoop([&] {
+      inTheWay_.clear();
+      if (acceptor_.is_open()) stopListening();
+      listen();
+    });
+  }
+  // The system lets as many wait as it was told, and leaves the others without an answer.
+  void goesSilentlyAway() override {
+    inLoop([&] {
+      stopListening();
+      open(1);
+      for (int i = 0; i < kMoreThanMayWait; ++i) {
+        inTheWay_.emplace_back(io_);
+        inTheWay_.back().async_connect(endpoint_, [](boost::system::error_code) {});
+      }
+    });
   }
 
   void keepsNoRequests() override {
@@ -121,6 +146,14 @@ class Port : public ServicePort {
   std::vector<std::string> requests() override {
     const std::lock_guard<std::mutex> lock(mutex_);
     return requests_;
+  }
+  std::vector<std::string> takeRequests(std::size_t expected) override {
+    std::unique_lock<std::mutex> lock(mutex_);
+    changed_.wait_for(lock, std::chrono::seconds(10),
+                      [&] { return requests_.size() >= taken_ + expected; });
+    const auto since = requests_.begin() + static_cast<std::ptrdiff_t>(taken_);
+    taken_ = requests_.size();
+    return {since, requests_.end()};
   }
   unsigned connections() override {
     const std::lock_guard<std::mutex> lock(mutex_);
@@ -138,19 +171,28 @@ class Port : public ServicePort {
   }
 
   void listen() {
+    open(asio::socket_base::max_listen_connections);
+    accept();
+  }
+
+ private:
+  void open(int mayWait) {
     acceptor_.open(endpoint_.protocol());
     acceptor_.set_option(tcp::acceptor::reuse_address(true));
     boost::system::error_code failure = bind();
-    if (!failure) acceptor_.listen(asio::socket_base::max_listen_connections, failure);
+    if (!failure) acceptor_.listen(mayWait, failure);
     if (failure) {
       throw std::runtime_error("cannot listen on " + endpoint_.address().to_string() + ":" +
                                std::to_string(endpoint_.port()) + ": " + failure.message() +
                                " (is a service or zelkad-sim running?)");
     }
-    accept();
   }
 
- private:
+  void stopListening() {
+    acceptor_.close();
+    dropAll(true);
+  }
+
   // The service's ports lie among those that the system gives to outgoing connections. One of
   // another test may hold a port of 127.0.0.1, never for long.
   boost::system::error_code bind() {
@@ -187,6 +229,7 @@ class Port : public ServicePort {
   void accept() {
     acceptor_.async_accept([this](boost::system::error_code failure, tcp::socket socket) {
       if (failure) return;
+      socket.set_option(tcp::no_delay(true), failure);
       auto connection = std::make_shared<Connection>(std::move(socket));
       open_.push_back(connection);
       {
@@ -194,7 +237,10 @@ class Port : public ServicePort {
         ++accepted_;
       }
       countOpen();
-      read(connection);
+      if (welcome_ == Welcome::kReads) read(connection);
+      if (welcome_ == Welcome::kCloses || welcome_ == Welcome::kResets) {
+        drop(connection, welcome_ == Welcome::kResets);
+      }
       accept();
     });
   }
@@ -213,7 +259,7 @@ class Port : public ServicePort {
             if (request.empty()) break;
             serve(connection, request);
           }
-          if (connection->socket.is_open()) read(connection);
+          if (connection->socket.is_open() && !connection->deaf) read(connection);
         });
   }
 
@@ -222,6 +268,7 @@ class Port : public ServicePort {
       const std::lock_guard<std::mutex> lock(mutex_);
       if (keepsRequests_) requests_.push_back(request);
     }
+    changed_.notify_all();
     Step step{Step::kSilence, ""};
     if (!script_.empty()) {
       step = script_.front();
@@ -229,8 +276,17 @@ class Port : public ServicePort {
     } else if (standing_) {
       step = {Step::kAnswer, standing_(request)};
     }
+    boost::system::error_code ignored;
     if (step.kind == Step::kClose || step.kind == Step::kReset) {
       drop(connection, step.kind == Step::kReset);
+    } else if (step.kind == Step::kShutSending) {
+      connection->socket.shutdown(tcp::socket::shutdown_send, ignored);
+    } else if (step.kind == Step::kShutReceiving) {
+      connection->socket.shutdown(tcp::socket::shutdown_receive, ignored);
+      connection->deaf = true;
+      write(connection, step.reply);
+    } else if (step.kind == Step::kDrip) {
+      drip(connection, step, 0);
     } else if (step.kind == Step::kAnswer && step.delay.count() > 0) {
       connection->timer.expires_after(step.delay);
       connection->timer.async_wait([connection, step](boost::system::error_code failure) {
@@ -248,6 +304,16 @@ class Port : public ServicePort {
       }
       changed_.notify_all();
     }
+  }
+
+  static void drip(const ConnectionPtr& connection, const Step& step, std::size_t at) {
+    if (at == step.reply.size()) return;
+    connection->timer.expires_after(step.delay);
+    connection->timer.async_wait([connection, step, at](boost::system::error_code failure) {
+      if (failure) return;
+      write(connection, step.reply.substr(at, 1));
+      drip(connection, step, at + 1);
+    });
   }
 
   static void write(const ConnectionPtr& connection, const std::string& reply) {
@@ -280,6 +346,8 @@ class Port : public ServicePort {
   tcp::endpoint endpoint_;
   tcp::acceptor acceptor_;
   std::list<ConnectionPtr> open_;
+  std::list<tcp::socket> inTheWay_;
+  Welcome welcome_ = Welcome::kReads;
   std::deque<Step> script_;
   std::function<std::string(const std::string&)> standing_;
   ConnectionPtr holding_;
@@ -288,6 +356,7 @@ class Port : public ServicePort {
   std::mutex mutex_;
   std::condition_variable changed_;
   std::vector<std::string> requests_;
+  std::size_t taken_ = 0;
   unsigned accepted_ = 0;
   unsigned openCount_ = 0;
   unsigned heldCount_ = 0;

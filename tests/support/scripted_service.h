@@ -25,6 +25,11 @@ class ServicePort {
   virtual void holdsBack(const std::string& now, const std::string& later) = 0;
   virtual void closes() = 0;  // instead of an answer, in order
   virtual void resets() = 0;  // likewise, with a reset
+  // Likewise, but sends no more while it goes on reading; or reads no more once it has answered.
+  virtual void shutsSending() = 0;
+  virtual void answersAndShutsReceiving(const std::string& reply) = 0;
+  // One byte after the other, the first one after the interval.
+  virtual void drips(std::chrono::milliseconds interval, const std::string& reply) = 0;
   // Beyond the script: the answer to every further request, made from the request.
   virtual void alwaysAnswers(std::function<std::string(const std::string&)> reply) = 0;
   void alwaysAnswers(const std::string& reply) {
@@ -43,13 +48,21 @@ class ServicePort {
   virtual void closesConnections() = 0;
   virtual void resetsConnections() = 0;
 
+  // What becomes of further connections: read, or left unread, or ended as soon as they are there.
+  enum class Welcome { kReads, kLeavesUnread, kCloses, kResets };
+  virtual void welcomes(Welcome welcome) = 0;
+
   // Stops and takes up listening; connections that exist are reset by stopping.
   virtual void goesAway() = 0;
   virtual void comesBack() = 0;
+  // Goes away, but in a way that nobody is told: a connect is not answered. Until it comes back.
+  virtual void goesSilentlyAway() = 0;
 
   // From now on requests are not recorded: for runs of millions.
   virtual void keepsNoRequests() = 0;
   virtual std::vector<std::string> requests() = 0;
+  // Those since the last time; waits until there are so many, at most ten seconds.
+  virtual std::vector<std::string> takeRequests(std::size_t expected) = 0;
   virtual unsigned connections() = 0;  // accepted so far
   // Waits until so many connections were accepted, at most ten seconds; returns whether they were.
   virtual bool hasAccepted(unsigned connections) = 0;
