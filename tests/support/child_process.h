@@ -11,7 +11,7 @@ namespace tolvex::test {
 // A program that runs; it writes where this one writes. Ended by force when this object goes.
 class ChildProcess {
  public:
-  // Throws std::runtime_error when it cannot be started. Arguments have no blanks or quotes in them.
+  // Throws std::runtime_error when it cannot be started. Arguments have no quotes in them.
   ChildProcess(const std::string& program, const std::vector<std::string>& arguments);
   ChildProcess(ChildProcess&& other) noexcept;
   ChildProcess& operator=(ChildProcess&&) = delete;

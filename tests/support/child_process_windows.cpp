@@ -9,7 +9,7 @@ namespace tolvex::test {
 
 ChildProcess::ChildProcess(const std::string& program, const std::vector<std::string>& arguments) {
   std::string line = "\"" + program + "\"";
-  for (const std::string& argument : arguments) line += " " + argument;
+  for (const std::string& argument : arguments) line += " \"" + argument + "\"";
   STARTUPINFOA start = {};
   start.cb = sizeof(start);
   PROCESS_INFORMATION process = {};

@@ -1,45 +1,25 @@
 // Every fault of the network with every call that talks to the service.
 //   network_faults [--seed N] [--share N] [--only TEXT] [--trials none|one|all] --source FOLDER
+//                  [--trial NAME] [--part N]
 // --seed: the order of the cases, printed. --share: only each Nth case of that order. --only: those
-// that have the text in their name "CALL / FAULT".
-#include <algorithm>
+// that have the text in their name "CALL / FAULT". --trial and --part: what such processes play.
 #include <cstdio>
 #include <map>
-#include <memory>
 #include <random>
 
 #include "api/exports.h"
-#include "support/child_process.h"
 #include "support/os_support.h"
+#include "torture/network/children.h"
 #include "torture/network/long_trials.h"
 #include "torture/network/stage.h"
+#include "torture/network/table.h"
 
 namespace tolvex::test {
 namespace {
 
 constexpr std::size_t kMostFailures = 20;
-constexpr std::chrono::seconds kLongestTrial{300};
 
 using Options = std::map<std::string, std::string>;
-
-struct Pair {
-  const Call* call;
-  Fault fault;
-  std::string name() const { return call->fullName() + " / " + fault.name; }
-};
-
-std::vector<Pair> wholeTable() {
-  std::vector<Pair> pairs;
-  const std::vector<Fault> wire = wireFaults();
-  for (const Call& call : allCalls()) {
-    for (const std::vector<Fault>& faults : {wire, memberFaults(call)}) {
-      for (const Fault& fault : faults) {
-        if (fault.fits(call)) pairs.push_back({&call, fault});
-      }
-    }
-  }
-  return pairs;
-}
 
 // Network of its own, so that programs of several builds may run at the same time.
 std::string ownAddress() {
@@ -52,50 +32,15 @@ std::string ownAddress() {
   return "127.71." + std::to_string(kFirst + id / 250 % 125) + "." + std::to_string(1 + id % 250);
 }
 
-// The same order on each system.
-void shuffle(std::vector<Pair>& pairs, std::uint32_t seed) {
-  std::mt19937 random(seed);
-  for (std::size_t i = pairs.size(); i > 1; --i) std::swap(pairs[i - 1], pairs[random() % i]);
-}
-
-class Trials {
- public:
-  explicit Trials(const std::string& which) {
-    if (which == "none") return;
-    for (const std::string& name : longTrials(which == "all")) {
-      names_.push_back(name);
-      running_.push_back(
-          std::make_unique<ChildProcess>(ownProgram(), std::vector<std::string>{"--trial", name}));
-    }
-  }
-  std::size_t count() const { return names_.size(); }
-  bool endWell() {
-    const auto limit = std::chrono::steady_clock::now() + kLongestTrial;
-    bool good = true;
-    for (std::size_t i = 0; i < names_.size(); ++i) {
-      bool well = false;
-      if (!running_[i]->endsUntil(limit, well)) {
-        std::printf("FAILED: trial %s has not ended; repeat with --trial %s\n", names_[i].c_str(),
-                    names_[i].c_str());
-      } else if (!well) {
-        std::printf("FAILED: trial %s; repeat with --trial %s\n", names_[i].c_str(),
-                    names_[i].c_str());
-      }
-      good = good && well;
-    }
-    return good;
-  }
-
- private:
-  std::vector<std::string> names_;
-  std::vector<std::unique_ptr<ChildProcess>> running_;
-};
-
 struct Run {
   Options options;
   std::uint32_t seed;
   Tally tally;
   std::size_t failures = 0;
+
+  std::vector<Pair> chosen() const {
+    return chosenTable(seed, std::stoul(options.at("--share")), options.at("--only"));
+  }
 
   void report(const Pair& pair, const std::vector<std::string>& problems) {
     if (problems.empty()) return;
@@ -106,18 +51,47 @@ struct Run {
     std::fflush(stdout);
   }
 
-  void playTable(ScriptedService& service) {
-    std::vector<Pair> pairs = wholeTable();
-    shuffle(pairs, seed);
-    const std::size_t share = std::stoul(options["--share"]);
+  void play(ScriptedService& service, const std::vector<Pair>& pairs) {
     Stage stage(service, tally);
     stage.begin();
     for (std::size_t i = 0; i < pairs.size() && failures < kMostFailures; ++i) {
-      const bool chosen = pairs[i].name().find(options["--only"]) != std::string::npos;
-      if (chosen && i % share == 0) report(pairs[i], stage.play(*pairs[i].call, pairs[i].fault));
+      report(pairs[i], stage.play(*pairs[i].call, pairs[i].fault));
     }
   }
 };
+
+// One part of the cases that wait, in a process of its own.
+int runPart(Run& run) {
+  const std::string address = ownAddress();
+  SetServerIpForRemoteAccess(address.c_str());
+  ScriptedService service(address);
+  const std::vector<Pair> slow = thoseThatWait(run.chosen(), true);
+  std::vector<Pair> own;
+  for (std::size_t i = std::stoul(run.options["--part"]); i < slow.size(); i += partsOf(slow)) {
+    own.push_back(slow[i]);
+  }
+  run.play(service, own);
+  return run.failures == 0 ? 0 : 1;
+}
+
+void startTrials(Children& children, const std::string& which, std::size_t& count) {
+  if (which == "none") return;
+  for (const std::string& name : longTrials(which == "all")) {
+    children.start("--trial " + name, {"--trial", name});
+    ++count;
+  }
+}
+
+void startParts(Children& children, const Run& run, std::size_t parts) {
+  for (std::size_t i = 0; i < parts; ++i) {
+    std::vector<std::string> words = {"--part", std::to_string(i), "--seed",
+                                      std::to_string(run.seed)};
+    for (const char* option : {"--share", "--only"}) {
+      words.insert(words.end(), {option, run.options.at(option)});
+    }
+    children.start("part " + std::to_string(i) + " of the cases that wait", words);
+  }
+}
 
 int runAll(Run& run) {
   const unsigned exports = countedExports(run.options["--source"]);
@@ -127,25 +101,28 @@ int runAll(Run& run) {
   std::fflush(stdout);
   Host host;
   host.withIni("[zelkad]\nip_addr=" + address + "\n");
-  Trials trials(run.options["--trials"]);
+  const std::vector<Pair> table = run.chosen();
+  const std::vector<Pair> slow = thoseThatWait(table, true);
+  std::size_t trials = 0;
+  Children children;
+  startTrials(children, run.options["--trials"], trials);
+  startParts(children, run, partsOf(slow));
   ScriptedService service(address);
-  run.playTable(service);
-  const bool trialsGood = trials.endWell();
+  run.play(service, thoseThatWait(table, false));
+  const bool childrenGood = children.endWell();
   std::printf(
-      "FIGURE: %u exports, %u cases of %zu faults of the wire and those of each member, %u calls, "
-      "%u connections, %zu trials of true length, longest other call %lld ms, %zu failed\n",
-      exports, run.tally.cases, wireFaults().size(), run.tally.calls, run.tally.connections,
-      trials.count(), static_cast<long long>(run.tally.longest.count()), run.failures);
-  return run.failures == 0 && trialsGood && run.tally.cases > 0 ? 0 : 1;
+      "FIGURE: %zu cases (%zu faults and those of each member, %u exports), %u calls, "
+      "%u connections, %zu trials of 40 s and more, %zu failed\n",
+      run.tally.cases + slow.size(), wireFaults().size(), exports, run.tally.calls,
+      run.tally.connections, trials, run.failures);
+  return run.failures == 0 && childrenGood && !table.empty() ? 0 : 1;
 }
 
 int start(int count, char** words) {
   Run run;
-  run.options = {{"--share", "1"},
-                 {"--only", ""},
-                 {"--trials", "none"},
-                 {"--trial", ""},
-                 {"--seed", std::to_string(std::random_device()())},
+  run.options = {{"--share", "1"},     {"--only", ""},
+                 {"--trials", "none"}, {"--trial", ""},
+                 {"--part", ""},       {"--seed", std::to_string(std::random_device()())},
                  {"--source", "."}};
   for (int i = 1; i < count; i += 2) {
     if (run.options.count(words[i]) == 0 || i + 1 == count) {
@@ -157,7 +134,7 @@ int start(int count, char** words) {
   if (!run.options["--trial"].empty())
     return runLongTrial(run.options["--trial"], ownAddress()) ? 0 : 1;
   run.seed = static_cast<std::uint32_t>(std::stoul(run.options["--seed"]));
-  return runAll(run);
+  return run.options["--part"].empty() ? runAll(run) : runPart(run);
 }
 
 }  // namespace

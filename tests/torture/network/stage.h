@@ -25,7 +25,20 @@ class Stage {
   std::vector<std::string> play(const Call& call, const Fault& fault);
 
  private:
-  struct Case;
+  // One that is being played.
+  struct Case {
+    const Call& call;
+    const Fault& fault;
+    Answer answer;
+    Course course;
+    Expected expected;
+    ServicePort& port;
+    unsigned connectionsBefore;
+    int result = 0;
+    int lastError = 0;
+    std::string buffer;
+  };
+
   void arrange(const Case& now);
   void script(const Case& now);
   void call(Case& now);
@@ -60,5 +73,11 @@ std::string shown(long long number);
 
 // What a service that is well answers: a probe gets its own number back.
 std::string wellAnswer(const std::string& request);
+
+template <typename Value>
+void Stage::same(const std::string& what, const Value& got, const Value& wanted) {
+  if (got == wanted) return;
+  problems_.push_back(what + ": " + shown(got) + " instead of " + shown(wanted));
+}
 
 }  // namespace tolvex::test
