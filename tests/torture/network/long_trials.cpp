@@ -157,6 +157,15 @@ void playUnread(Trial& trial, const LargeCall& call) {
   trial.same("result", call.run(text), call.isVerdict ? 255 : 4);
   trial.within(std::chrono::duration_cast<milliseconds>(Clock::now() - begin), milliseconds(0),
                kLongestWithoutReader);
+  // Once the service was restarted, all is well with the next call or the one behind it.
+  for (ServicePort* port : {&trial.service().weighing(), &trial.service().printing()}) {
+    port->goesAway();
+    port->welcomes(ServicePort::Welcome::kReads);
+    port->comesBack();
+  }
+  const bool weighs = checkConnection() == 1 || checkConnection() == 1;
+  const bool prints = GetPrinterStatus(1) == 0 || GetPrinterStatus(1) == 0;
+  trial.same("connections that work again", weighs + prints, 2);
 }
 
 const Call* callNamed(const std::string& name) {
