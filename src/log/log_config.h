@@ -20,4 +20,15 @@ struct Threshold {
 // A byte-order mark is dropped wherever a line begins with one; blanks around key and value too.
 bool readThreshold(std::string_view line, Threshold& threshold);
 
+// Reads the whole file and calls visit(threshold) for each entry, in order.
+template <typename Visit>
+void readThresholds(std::string_view text, Visit&& visit) {
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find('\n'));
+    text.remove_prefix(line.size() < text.size() ? line.size() + 1 : line.size());
+    Threshold threshold;
+    if (readThreshold(line, threshold)) visit(threshold);
+  }
+}
+
 }  // namespace tolvex

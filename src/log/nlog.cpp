@@ -104,15 +104,9 @@ void NLog::LoadConfig() {
     Log(this, kModuleNLog, 3, 88, "[NLog] No config file in: %s", path.c_str());
     return;
   }
-  std::string_view rest = text;
-  while (!rest.empty()) {
-    const std::string_view line = rest.substr(0, rest.find('\n'));
-    rest.remove_prefix(line.size() < rest.size() ? line.size() + 1 : line.size());
-    Threshold threshold;
-    if (readThreshold(line, threshold)) {
-      SetModuleLevel(std::string(threshold.module).c_str(), threshold.level);
-    }
-  }
+  readThresholds(text, [this](const Threshold& threshold) {
+    SetModuleLevel(std::string(threshold.module).c_str(), threshold.level);
+  });
 }
 
 int NLog::GetModuleLevel(const char* module) {

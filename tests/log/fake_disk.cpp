@@ -8,7 +8,7 @@
 namespace tolvex::test {
 namespace {
 
-// The open files, by handle.
+// The files that were opened once, by handle.
 std::vector<std::string>& openPaths() {
   static std::vector<std::string> paths;
   return paths;
@@ -31,8 +31,10 @@ const char* const kLineEnd = "\r\n";
 AppendFile::~AppendFile() { close(); }
 
 bool AppendFile::open(const char* path) {
-  handle_ = static_cast<std::intptr_t>(test::openPaths().size());
-  test::openPaths().emplace_back(path);
+  auto& paths = test::openPaths();
+  const auto known = std::find(paths.begin(), paths.end(), path);
+  handle_ = known - paths.begin();
+  if (known == paths.end()) paths.emplace_back(path);
   test::contentsOf(handle_);
   return true;
 }
@@ -65,6 +67,13 @@ bool endsInsideLine(const char* path) {
 bool truncateFile(const char* path) {
   if (!test::disk.canBeEmptied) return false;
   test::disk.files[path].clear();
+  return true;
+}
+
+bool readFile(const char* path, std::string& contents) {
+  const auto file = test::disk.files.find(path);
+  if (file == test::disk.files.end()) return false;
+  contents = file->second;
   return true;
 }
 
