@@ -1,5 +1,6 @@
 #include "service/print_job_buffer.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 #include <new>
@@ -68,6 +69,7 @@ void PrintJobBuffer::reset() { count_ = readOffset_ = writeOffset_ = 0; }
 void PrintJobBuffer::rewind(const Mark& mark) {
   count_ = mark.count;
   writeOffset_ = mark.writeOffset;
+  readOffset_ = std::min(readOffset_, writeOffset_);  // what was dropped may have been taken
 }
 
 }  // namespace tolvex

@@ -40,7 +40,8 @@ class PrintJobBuffer {
   bool isEmpty() const { return count_ == 0; }  // no record since the last reset, taken or not
   void reset();                                 // drops all records, keeps the memory
 
-  // Where the next record will be written; back to it, dropping what was appended since.
+  // Where the next record will be written; back to it, dropping what was appended since, taken or
+  // not. A mark lasts until the next reset.
   struct Mark {
     std::uint32_t count;
     std::uint32_t writeOffset;

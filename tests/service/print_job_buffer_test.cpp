@@ -227,6 +227,17 @@ TEST_F(PrintJob, DropsWhatWasAppendedSinceTheMark) {
             (Records{{PrintJobKind::kText, 24, 0, "kept"}, {PrintJobKind::kText, 24, 0, "next"}}));
 }
 
+TEST_F(PrintJob, ReadsOnBehindTheMarkWhenWhatWasDroppedHadBeenTaken) {
+  const PrintJobBuffer::Mark mark = job.mark();
+  appendText("dropped, and longer than what follows");
+  job.takeNext();
+  job.rewind(mark);
+  appendText("first");
+  appendText("second");
+  EXPECT_EQ(takeAll(job), (Records{{PrintJobKind::kText, 24, 0, "first"},
+                                   {PrintJobKind::kText, 24, 0, "second"}}));
+}
+
 TEST_F(PrintJob, IsEmptyAgainAtTheMarkOfAnEmptyOne) {
   const PrintJobBuffer::Mark mark = job.mark();
   appendText("dropped");
