@@ -9,6 +9,8 @@
 #include <netinet/in.h>
 #include <sys/socket.h>
 #include <unistd.h>
+
+#include <cerrno>
 #endif
 
 namespace tolvex::test {
@@ -35,6 +37,8 @@ void closeSocket(Native socket) { ::closesocket(socket); }
 
 int asLength(std::size_t length) { return static_cast<int>(length); }
 
+bool wasInterrupted() { return false; }
+
 #else
 
 using Native = int;
@@ -47,6 +51,8 @@ Native createSocket() { return ::socket(AF_INET, SOCK_STREAM, 0); }
 void closeSocket(Native socket) { ::close(socket); }
 
 std::size_t asLength(std::size_t length) { return length; }
+
+bool wasInterrupted() { return errno == EINTR; }
 
 #endif
 
@@ -74,6 +80,7 @@ std::string Peer::receive(std::size_t length) const {
   while (data.size() < length) {
     const std::size_t wanted = std::min(sizeof(block), length - data.size());
     const auto count = ::recv(native(socket_), block, asLength(wanted), 0);
+    if (count < 0 && wasInterrupted()) continue;
     if (count <= 0) break;
     data.append(block, static_cast<std::size_t>(count));
   }
@@ -108,7 +115,10 @@ Port::~Port() { closeSocket(native(socket_)); }
 void Port::listen(int backlog) const { EXPECT_EQ(::listen(native(socket_), backlog), 0); }
 
 Peer Port::accept() const {
-  const Native socket = ::accept(native(socket_), nullptr, nullptr);
+  Native socket = ::accept(native(socket_), nullptr, nullptr);
+  while (static_cast<std::uintptr_t>(socket) == kNone && wasInterrupted()) {
+    socket = ::accept(native(socket_), nullptr, nullptr);
+  }
   EXPECT_NE(static_cast<std::uintptr_t>(socket), kNone);
   return Peer(static_cast<std::uintptr_t>(socket));
 }
