@@ -11,7 +11,7 @@ if(TOLVEX_SANITIZE)
   target_compile_options(tolvex_options INTERFACE
     -fsanitize=${TOLVEX_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all -g1
     # The library keeps up with its time limits; the programs and the tests compile in half the time so.
-    $<IF:$<OR:$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>,$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_PLAIN>>>,-O0,-O1>)
+    $<IF:$<OR:$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_FAST>>,$<BOOL:$<TARGET_PROPERTY:TOLVEX_COMPILE_PLAIN>>>,-O0,$<IF:$<BOOL:${TOLVEX_FUZZ}>,-O2,-O1>>)
   if(TOLVEX_SANITIZE MATCHES "undefined")
     # Checks of each pointer before it is used take the half of that again, in the templates of others above all,
     # and AddressSanitizer sees those that are bad. The library has them.
