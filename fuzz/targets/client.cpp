@@ -19,7 +19,7 @@
 namespace tolvex::fuzz {
 namespace {
 
-constexpr int kMostCommands = 12;  // in one input: more of them find no more in the same time
+constexpr int kMostCommands = 10;  // in one input: more of them find no more in the same time
 
 class Session {
  public:
