@@ -8,6 +8,8 @@
 namespace tolvex::fuzz {
 namespace {
 
+constexpr std::size_t kFileForEach = 8;  // for each so many lengths, which saves half of the time
+
 // The rules of docs/configuration.md, line by line and byte by byte.
 class IniModel {
  public:
@@ -61,6 +63,7 @@ void targets::ini(std::string_view input) {
   require(config::lookUp(entries, key) == (entry == entries.end() ? "" : entry->second),
           "the address is that of its key, or none");
 
+  if (input.size() % kFileForEach != 0) return;
   test::disk.files["settings.ini"] = input;
   require(config::readIniFile("settings.ini") == entries, "a file reads like its text");
 }
