@@ -23,7 +23,7 @@ struct Exchange {
 class HostileService : public CTcpClient {
  public:
   // A port where nobody listens refuses each connection.
-  HostileService(const test::Port& port, bool listens);
+  HostileService(const test::Port& port, bool listens, bool resync);
   ~HostileService();
   HostileService(const HostileService&) = delete;
   HostileService& operator=(const HostileService&) = delete;
@@ -39,17 +39,22 @@ class HostileService : public CTcpClient {
   std::vector<Exchange> takeExchanges() { return std::exchange(exchanges_, {}); }
 
   bool Open() override;
+  void Close() override;
   int Send(const char* data, unsigned length) override;
   int RecvTimeout(char* buffer, unsigned length, unsigned timeoutMs) override;
 
  private:
+  int drop(char* buffer, unsigned length, unsigned timeoutMs);
   void answer();
+  void tellLate(std::string_view bytes);
   void tell(std::string_view bytes);
   void hangUp(bool inOrder);
   std::string_view half() const { return std::string_view(reply_).substr(0, reply_.size() / 2); }
 
   const test::Port& port_;
   const bool listens_;
+  const bool resync_;  // whether the client promises to leave nothing over for the next request
+  bool asked_ = false;
   std::optional<test::Peer> peer_;
   char behaviour_ = '.';
   std::string reply_;

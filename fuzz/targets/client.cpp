@@ -1,6 +1,7 @@
-// The first line is two digits, whether the weighing and the printing port listen (1) or not (0). Then
-// commands, one a line: LETTER NUMBER BEHAVIOUR TEXT TAB REPLY, as in "w200.<tab>{"result":"0"}". The letters are
-// in the table below, the behaviours in support/hostile_service.h.
+// The first line is two digits, whether the weighing and the printing port listen (1) or not (0), and an
+// "r" behind them for resync. Then commands, one a line: LETTER NUMBER BEHAVIOUR TEXT TAB REPLY, as in
+// "w200.<tab>{"result":"0"}". The letters are in the table below, the behaviours in
+// support/hostile_service.h.
 #include <algorithm>
 #include <string>
 
@@ -24,9 +25,9 @@ constexpr int kMostCommands = 10;  // in one input: more of them find no more in
 class Session {
  public:
   explicit Session(std::string_view ports)
-      : weighing_(port(ports, 0), isUp(ports, 0)),
-        printing_(port(ports, 1), isUp(ports, 1)),
-        client_(&weighing_, &printing_) {}
+      : weighing_(port(ports, 0), isUp(ports, 0), hasResync(ports)),
+        printing_(port(ports, 1), isUp(ports, 1), hasResync(ports)),
+        client_(&weighing_, &printing_, hasResync(ports)) {}
 
   void obey(std::string_view line);
 
@@ -41,6 +42,7 @@ class Session {
   static bool isUp(std::string_view ports, std::size_t which) {
     return which >= ports.size() || ports[which] != '0';
   }
+  static bool hasResync(std::string_view ports) { return ports.size() > 2 && ports[2] == 'r'; }
   static const test::Port& port(std::string_view ports, std::size_t which) {
     static const test::Listener listening;
     static const test::Port closed;

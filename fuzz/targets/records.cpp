@@ -16,7 +16,12 @@
 namespace tolvex::fuzz {
 namespace {
 
-double numberOf(const std::string& text) { return std::strtod(text.c_str(), nullptr); }
+// Of a text without a number some systems give -0.
+double numberOf(const std::string& text) {
+  char* end = nullptr;
+  const double number = std::strtod(text.c_str(), &end);
+  return end == text.c_str() ? 0 : number;
+}
 
 int wholePart(double number) {
   if (std::isnan(number)) return 0;
