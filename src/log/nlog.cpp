@@ -3,6 +3,7 @@
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <new>
 
 #include "log/log_config.h"
@@ -82,9 +83,10 @@ NLog* NLog::GetInstance(const char* name, const char* dir) {
       instance->rename(name);
       return instance;
     }
-    instance = new NLog(name, dir);
+    std::unique_ptr<NLog> made(new NLog(name, dir));
+    made->LoadConfig();  // without it there is no logger, and the next call tries again
+    instance = made.release();
     instance_.store(instance, std::memory_order_release);
-    instance->LoadConfig();
     return instance;
   } catch (const std::bad_alloc&) {
     return instance_.load(std::memory_order_acquire);
@@ -105,7 +107,7 @@ void NLog::LoadConfig() {
     return;
   }
   readThresholds(text, [this](const Threshold& threshold) {
-    SetModuleLevel(std::string(threshold.module).c_str(), threshold.level);
+    levels_[std::string(threshold.module)] = threshold.level;  // nobody else knows the logger yet
   });
 }
 
