@@ -1,7 +1,4 @@
 // What the service knows of its printers, the cash drawer, and commands of the caller's making.
-#include <algorithm>
-#include <cstring>
-
 #include "api/exports.h"
 #include "printing/logged_command.h"
 
@@ -16,17 +13,14 @@ constexpr LoggedCommand kGetPrinterVersion = {
 constexpr LoggedCommand kOpenCashDrawer = {
     "OpenCashDrawerEx", true, "Enter", "Err: ", {944, 948, 951}};
 
-// What stands in the caller's buffer, which need not end in a NUL.
-std::string textOf(const char* buffer, unsigned size) {
-  return std::string(buffer, strnlen(buffer, size));
-}
-
 }  // namespace
 
 int GetPrinterList(char* buffer, unsigned int size) {
   return loggedCommand(
       kGetPrinterList, [&](VcoClientApi& client) { return client.getPrinterList(buffer, size); },
-      [&] { return ", " + textOf(buffer, size); });
+      [&] {
+        return LogDetail{", ", buffer, size};
+      });
 }
 
 int GetPrinterStatus(unsigned int printerType) {
@@ -38,7 +32,9 @@ int getPrinterVersion(char* buffer, unsigned int size, const char* printerName) 
   return loggedCommand(
       kGetPrinterVersion,
       [&](VcoClientApi& client) { return client.getPrinterVersion(buffer, size, printerName); },
-      [&] { return ", ver:" + textOf(buffer, size); });
+      [&] {
+        return LogDetail{", ver:", buffer, size};
+      });
 }
 
 int OpenCashDrawerEx(void) {

@@ -1,8 +1,6 @@
 // The exports that log their entry and their outcome around one command, and nothing else.
 #pragma once
 
-#include <string>
-
 #include "api/call_frame.h"
 #include "api/context.h"
 #include "service/result_codes.h"
@@ -22,11 +20,18 @@ struct LoggedCommand {
   } line;
 };
 
+// What follows "OK" in the line of success: a word, and text of at most so many bytes.
+struct LogDetail {
+  const char* before = "";
+  const char* text = "";
+  unsigned size = 0;
+};
+
+// None of these takes memory: a command that was carried out is not told as a failure because it
+// could not be logged.
 void logEntry(const LoggedCommand& command, const VcoClientApi& client);
 void logFailure(const LoggedCommand& command, unsigned code);
-// The detail follows "OK".
-void logSuccess(const LoggedCommand& command, const VcoClientApi& client,
-                const std::string& detail);
+void logSuccess(const LoggedCommand& command, const VcoClientApi& client, const LogDetail& detail);
 
 // Runs such an export: command(client) returns the code, detail() what the success line ends with.
 template <typename Send, typename Detail>
@@ -46,7 +51,7 @@ int loggedCommand(const LoggedCommand& command, Send&& send, Detail&& detail) {
 
 template <typename Send>
 int loggedCommand(const LoggedCommand& command, Send&& send) {
-  return loggedCommand(command, send, [] { return std::string(); });
+  return loggedCommand(command, send, [] { return LogDetail(); });
 }
 
 // The exports that answer with the command's code and log nothing.

@@ -1,4 +1,6 @@
 // The printer settings: the value first, the printer second.
+#include <charconv>
+
 #include "api/exports.h"
 #include "printing/logged_command.h"
 
@@ -76,8 +78,12 @@ int setRollback(unsigned int enable, const char* printerName) {
 }
 
 int setTakeupPaperSensor(int enable, const char* printerName) {
+  char digits[12] = {};
+  std::to_chars(digits, digits + sizeof(digits), enable);
   return loggedCommand(
       kTakeupPaperSensor,
       [&](VcoClientApi& client) { return client.setTakePaperSensor(enable, printerName); },
-      [&] { return ", iEnable: " + std::to_string(enable); });
+      [&] {
+        return LogDetail{", iEnable: ", digits, sizeof(digits)};
+      });
 }
