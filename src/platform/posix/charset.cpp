@@ -18,7 +18,11 @@ namespace {
 // which takes less than a microsecond.
 class Conversion {
  public:
-  explicit Conversion(const std::string& charset) : handle_(iconv_open(kUtf8, charset.c_str())) {}
+  // Throws std::bad_alloc where the system has no means for it now. A set that it does not know is no
+  // such failure: the conversion is not open then.
+  explicit Conversion(const std::string& charset) : handle_(iconv_open(kUtf8, charset.c_str())) {
+    if (!isOpen() && errno != EINVAL) throw std::bad_alloc();
+  }
   ~Conversion() {
     if (isOpen()) iconv_close(handle_);
   }
@@ -54,7 +58,9 @@ class Conversion {
 };
 
 std::string installedCharset() {
+  errno = 0;  // which stays where there is no such locale
   const locale_t locale = newlocale(LC_CTYPE_MASK, "", nullptr);
+  if (locale == nullptr && errno == ENOMEM) throw std::bad_alloc();
   if (locale == nullptr) return {};
   try {
     std::string charset = nl_langinfo_l(CODESET, locale);
