@@ -1,6 +1,7 @@
 #include "support/os_support.h"
 
 #ifdef _WIN32
+#include <io.h>
 #include <windows.h>
 // after it
 #include <psapi.h>
@@ -61,6 +62,12 @@ std::size_t handleCount() {
   }
   return count;
 }
+
+void setEnvironment(const char* name, const char* value) {
+  SetEnvironmentVariableA(name, value);
+}
+
+std::FILE* secondStandardOutput() { return _fdopen(_dup(_fileno(stdout)), "w"); }
 
 namespace {
 
@@ -197,6 +204,10 @@ SharedLibrary::Address SharedLibrary::address(const char* name) const {
   if (found == nullptr) throw std::runtime_error(std::string("no function ") + name);
   return reinterpret_cast<Address>(found);
 }
+
+void setEnvironment(const char* name, const char* value) { setenv(name, value, 1); }
+
+std::FILE* secondStandardOutput() { return fdopen(dup(STDOUT_FILENO), "w"); }
 
 namespace {
 

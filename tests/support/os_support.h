@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdio>
 #include <string>
 
 namespace tolvex::test {
@@ -90,6 +91,13 @@ class SharedLibrary {
 
   void* handle_;
 };
+
+// Sets a variable of this process's environment.
+void setEnvironment(const char* name, const char* value);
+
+// Another stream to where standard output goes now, which stays there when stdout is reopened. Null
+// where there is none.
+std::FILE* secondStandardOutput();
 
 // Makes the logger's default folder (under the given folder where the system lets a test say so),
 // without any log file in it, and returns its path.

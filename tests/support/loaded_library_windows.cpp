@@ -1,0 +1,69 @@
+#include <windows.h>
+
+#include <functional>
+#include <stdexcept>
+
+#include "support/loaded_library.h"
+
+namespace tolvex::test {
+namespace {
+
+// Each place that the loader filled with an address from another library, with the name.
+void eachImport(void* handle, const std::function<void(const char*, ULONGLONG*)>& visit) {
+  char* const base = static_cast<char*>(handle);
+  const auto* const dos = reinterpret_cast<const IMAGE_DOS_HEADER*>(base);
+  const auto* const head = reinterpret_cast<const IMAGE_NT_HEADERS64*>(base + dos->e_lfanew);
+  const DWORD table =
+      head->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_IMPORT].VirtualAddress;
+  const auto* library = reinterpret_cast<const IMAGE_IMPORT_DESCRIPTOR*>(base + table);
+  for (; library->Name != 0; ++library) {
+    const auto* name =
+        reinterpret_cast<const IMAGE_THUNK_DATA64*>(base + library->OriginalFirstThunk);
+    auto* slot = reinterpret_cast<IMAGE_THUNK_DATA64*>(base + library->FirstThunk);
+    for (; name->u1.AddressOfData != 0; ++name, ++slot) {
+      const auto* const entry =
+          reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + name->u1.AddressOfData);
+      visit(reinterpret_cast<const char*>(entry->Name), &slot->u1.Function);
+    }
+  }
+}
+
+void writeInto(ULONGLONG* slot, void* value) {
+  DWORD before = 0;
+  if (VirtualProtect(slot, sizeof(*slot), PAGE_READWRITE, &before) == FALSE) {
+    throw std::runtime_error("the table of imports cannot be written");
+  }
+  *slot = reinterpret_cast<ULONGLONG>(value);
+}
+
+}  // namespace
+
+LoadedLibrary::LoadedLibrary(const std::string& path) : handle_(LoadLibraryA(path.c_str())) {
+  if (handle_ == nullptr) throw std::runtime_error(path + " cannot be loaded");
+}
+
+LoadedLibrary::~LoadedLibrary() { FreeLibrary(static_cast<HMODULE>(handle_)); }
+
+LoadedLibrary::Address LoadedLibrary::address(const char* name) const {
+  const FARPROC found = GetProcAddress(static_cast<HMODULE>(handle_), name);
+  if (found == nullptr) throw std::runtime_error(std::string("there is no ") + name);
+  return reinterpret_cast<Address>(reinterpret_cast<void*>(found));
+}
+
+std::vector<std::string> LoadedLibrary::imports() const {
+  std::vector<std::string> names;
+  eachImport(handle_, [&](const char* name, ULONGLONG*) { names.emplace_back(name); });
+  return names;
+}
+
+void* LoadedLibrary::replace(const std::string& import, void* function) {
+  void* before = nullptr;
+  eachImport(handle_, [&](const char* name, ULONGLONG* slot) {
+    if (import != name) return;
+    before = reinterpret_cast<void*>(*slot);
+    writeInto(slot, function);
+  });
+  return before;
+}
+
+}  // namespace tolvex::test

@@ -1,0 +1,64 @@
+// System calls that fail when a test says so, of one library and one thread.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace tolvex::test {
+
+class LoadedLibrary;
+
+// One way in which a call fails.
+struct CallFailure {
+  enum Kind {
+    kError,    // as the system tells a failure, with the number
+    kHalf,     // takes half of what it was given
+    kNothing,  // takes nothing, without an error; of a wait: the time is over
+  };
+  Kind kind;
+  int error;
+  const char* name;
+};
+
+// A function that the library imports and that may fail.
+struct ScarceCall {
+  const char* name;
+  std::vector<CallFailure> failures;
+};
+
+// All of them, on this system.
+const std::vector<ScarceCall>& scarceCalls();
+// How "send" fails when the other end has gone.
+extern const CallFailure kConnectionGone;
+
+// Notes the calls that the calling thread makes while an object exists, and lets some fail. Waits
+// are cut to a third of a second; what ends one is noted just the same.
+class ScarceCalls {
+ public:
+  // A call that was made: its index in scarceCalls().
+  using Calls = std::vector<std::size_t>;
+
+  ScarceCalls();
+  // The call of this position (from 0) fails in this way; with fromThenOn all others of the same
+  // function after it, too, at most a thousand (interruptions by a signal: a hundred).
+  ScarceCalls(std::size_t position, const CallFailure& failure, bool fromThenOn);
+  ~ScarceCalls();
+  ScarceCalls(const ScarceCalls&) = delete;
+  ScarceCalls& operator=(const ScarceCalls&) = delete;
+
+  Calls calls() const;
+  std::size_t failures() const;
+
+  // The first call of this name fails once. For what a test wants beside its own failures.
+  static void failOnce(const char* name, const CallFailure& failure);
+};
+
+// To be called for each library that is loaded, before its first call.
+void haveScarceCalls(LoadedLibrary& library);
+
+// The sockets and files that the library has open, and their end when it is unloaded.
+std::size_t libraryHandles();
+void closeLibraryHandles();
+
+}  // namespace tolvex::test

@@ -1,0 +1,14 @@
+// Between scarce_memory.cpp and the file of the system that takes the allocations in.
+#pragma once
+
+#include <cstddef>
+
+namespace tolvex::test::account {
+
+// Asked before an allocation: whether it may be made.
+bool mayAllocate();
+// Told of a block that was made, and of one before it is freed or changes its size. Null is none.
+void made(const void* block);
+void gone(const void* block);
+
+}  // namespace tolvex::test::account
