@@ -1,5 +1,6 @@
 #include "torture/scarce/report.h"
 
+#include <csignal>
 #include <stdexcept>
 
 #include "support/os_support.h"
@@ -8,12 +9,25 @@ namespace tolvex::test {
 
 constexpr std::size_t kMostTold = 30;
 
+namespace {
+
+// Says where, and lets the system end the process as it would.
+void tellAndEnd(int signal) {
+  report().found("ended by signal " + std::to_string(signal));
+  std::signal(signal, SIG_DFL);
+  std::raise(signal);
+}
+
+}  // namespace
+
 Report& report() {
   static Report report;
   return report;
 }
 
 void Report::keepOutput(const std::string& libraryOutput) {
+  std::signal(SIGABRT, tellAndEnd);
+  std::signal(SIGSEGV, tellAndEnd);
   std::remove(libraryOutput.c_str());
   out_ = secondStandardOutput();
   if (out_ == nullptr || std::freopen(libraryOutput.c_str(), "a", stdout) == nullptr ||
