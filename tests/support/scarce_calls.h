@@ -32,6 +32,9 @@ const std::vector<ScarceCall>& scarceCalls();
 // How "send" fails when the other end has gone.
 extern const CallFailure kConnectionGone;
 
+// Whether an import that is not among them cannot fail, is memory or belongs to the run-time library.
+bool isHarmlessImport(const std::string& name);
+
 // Notes the calls that the calling thread makes while an object exists, and lets some fail. Waits
 // are cut to a third of a second; what ends one is noted just the same.
 class ScarceCalls {

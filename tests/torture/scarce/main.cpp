@@ -18,7 +18,7 @@ int main(int count, char** arguments) {
   }
   try {
     report().keepOutput("library-output.txt");
-    return runMemory(arguments[2], full);
+    return command == "memory" ? runMemory(arguments[2], full) : runSystemCalls(arguments[2], full);
   } catch (const std::exception& failure) {
     report().say(std::string("scarce: ") + failure.what());
     return 1;

@@ -17,6 +17,7 @@ class Report {
   void at(std::string place) { place_ = std::move(place); }
   // Tells what is wrong; nothing where the text is empty.
   void found(const std::string& problem);
+  std::size_t problems() const { return problems_; }
   void say(const std::string& line);
 
   // The last line. Returns the exit code.

@@ -34,10 +34,10 @@ std::string addressOfProcess() {
   return "127.72." + std::to_string(id / 250 % 250 + 1) + "." + std::to_string(id % 250 + 1);
 }
 
-// The name of an image's copy has a number that counts on.
-std::string withoutNumber(const std::string& request) {
-  static const std::regex copy("prt_[0-9]+");
-  return std::regex_replace(request, copy, "prt_");
+// An image is printed from its copy, whose name has a number that counts on, or as it is.
+std::string withoutImage(const std::string& request) {
+  static const std::regex image(R"("[^"]*(prt_|scarce-)[0-9]+\.bmp")");
+  return std::regex_replace(request, image, "\"image\"");
 }
 
 }  // namespace
@@ -72,9 +72,14 @@ void Stage::loadAfresh() {
   haveScarceCalls(*library_);
 }
 
+void Stage::chooseAddress() {
+  CallBuffer unused;
+  run(exportCall("SetServerIpForRemoteAccess"), unused);
+}
+
 std::string Stage::reply(const std::string& request) {
   const std::lock_guard<std::mutex> lock(mutex_);
-  requests_.push_back(withoutNumber(request));
+  requests_.push_back(withoutImage(request));
   char net[16];
   std::snprintf(net, sizeof(net), "%u.5", weight_.load());
   char text[2048];
@@ -87,13 +92,16 @@ std::vector<std::string> Stage::takeRequests() {
   return std::move(requests_);
 }
 
-// Other calls than the one that is looked at: counted all the same, in what they leave behind.
+// Other calls than the one that is looked at: counted all the same, in what they leave behind, and
+// with waits as short.
 int Stage::ask(const char* name, int argument) {
+  const ScarceCalls calls;
   const ScarceMemory watched;
   return library_->find<int (*)(int)>(name)(argument);
 }
 
 int Stage::run(const ExportCall& call, CallBuffer& buffer) {
+  const ScarceCalls calls;
   const ScarceMemory watched;
   return call.run(*library_, buffer);
 }
@@ -139,6 +147,31 @@ std::string Stage::checkNextCalls(Observation& seen) {
   return {};
 }
 
+std::string Stage::checkRecords() const {
+  static const std::regex stamp("[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9:]{8} Ms:[0-9]{3} .*\\r?");
+  std::size_t torn = 0;
+  bool wentOn = false;
+  for (const fs::path& folder : {host_.logFolder(), host_.defaultLogFolder()}) {
+    for (const auto& entry : fs::directory_iterator(folder)) {
+      if (entry.path().extension() != ".log") continue;
+      std::ifstream file(entry.path(), std::ios::binary);
+      std::vector<std::string> lines;
+      for (std::string line; std::getline(file, line);) lines.push_back(line);
+      torn += static_cast<std::size_t>(
+          std::count_if(lines.begin(), lines.end(),
+                        [](const std::string& line) { return !std::regex_match(line, stamp); }));
+      // The weight that was read last; a connection may have had something to say after it.
+      const std::size_t tail = std::min<std::size_t>(lines.size(), 4);
+      wentOn = wentOn || std::any_of(lines.end() - static_cast<std::ptrdiff_t>(tail), lines.end(),
+                                     [](const std::string& line) {
+                                       return line.find("Oh Ye~") != std::string::npos;
+                                     });
+    }
+  }
+  if (torn > 1) return std::to_string(torn) + " records are torn";
+  return wentOn ? "" : "the log did not go on";
+}
+
 std::string Stage::checkLog() const {
   for (const auto& entry : fs::directory_iterator(host_.defaultLogFolder())) {
     if (entry.path().extension() == ".log") return "a log is in the logger's default folder";
@@ -162,6 +195,15 @@ bool isPrefix(const List& part, const List& whole) {
   return part.size() <= whole.size() && std::equal(part.begin(), part.end(), whole.begin());
 }
 
+// The requests of a call that failed. It need not have waited until the service had them, so that
+// some stand before the cut of the job after it, in which nothing was queued.
+std::vector<std::string> sentByFailed(const Observation& seen) {
+  std::vector<std::string> sent = seen.requests;
+  sent.insert(sent.end(), seen.printed.begin(), seen.printed.end());
+  if (!sent.empty()) sent.pop_back();
+  return sent;
+}
+
 std::string asText(const std::vector<std::string>& list) {
   std::string text = std::to_string(list.size()) + " requests";
   for (const std::string& item : list) text += "\n      " + item.substr(0, 120);
@@ -183,16 +225,15 @@ std::string judge(const ExportCall& call, const Observation& good, const Observa
     return result + ", but last error " + std::to_string(seen.lastError);
   }
   if (!worked && seen.wroteBuffer) return result + ", but the buffer was written";
-  if (!worked && !isPrefix(seen.requests, good.requests)) return result + asText(seen.requests);
+  if (!worked && !isPrefix(sentByFailed(seen), good.requests)) {
+    return result + ", having sent " + asText(sentByFailed(seen));
+  }
   if (!worked &&
       std::find(lastErrors.begin(), lastErrors.end(), seen.lastError) == lastErrors.end()) {
     return result + ", with last error " + std::to_string(seen.lastError);
   }
   const bool queued = seen.printed == good.printed;
   if (worked && !queued) return result + ", but the next job was " + asText(seen.printed);
-  if (!worked && seen.printed.size() != 1) {
-    return result + ", and the next job was " + asText(seen.printed);
-  }
   return {};
 }
 

@@ -32,6 +32,8 @@ class Stage {
 
   // The library as it is before the first call, in folders without a log.
   void loadAfresh();
+  // Before the first call, so that the INI file is not asked.
+  void chooseAddress();
   LoadedLibrary& library() { return *library_; }
   Host& host() { return host_; }
 
@@ -40,6 +42,10 @@ class Stage {
 
   // Whether the log is where it belongs and holds what NLog.ini asks for; empty, or what is wrong.
   std::string checkLog() const;
+
+  // Whether no more than one record in the log is not whole, and the last one is; empty, or what is
+  // wrong. Not after a text in lines of its own.
+  std::string checkRecords() const;
 
   // Makes the call; what is scarce is so between begin() and end(). The last error is kKnownError
   // before it, unless it is the first call.
