@@ -42,6 +42,8 @@ class MemoryRun {
     for (const ExportCall& call : exportCalls()) {
       if (call.answers != Answers::kConstant && (full_ || isInTheShare(call))) ofTheFirst(call);
     }
+    report().at("the run");
+    if (failures_ == 0) report().found("nothing has failed, so nothing is shown");
     return report().end(std::to_string(exportCalls().size()) + " exports, " +
                         std::to_string(failures_) + " failed allocations, " +
                         std::to_string(failures_ - later) + " of them in a first call, " +

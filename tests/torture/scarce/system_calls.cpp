@@ -35,6 +35,8 @@ class CallsRun {
     for (const char* const name : {"SetServerIpForRemoteAccess", "read_standard", "PrintText"}) {
       if (full_ || std::string(name) != "PrintText") ofFirst(exportCall(name));
     }
+    report().at("the run");
+    if (failures_ == 0) report().found("nothing has failed, so nothing is shown");
     return report().end(std::to_string(scarceCalls().size()) + " system calls, " +
                         std::to_string(failures_) + " failures, " +
                         std::to_string(failures_ - later) + " of them in a first call, " +
