@@ -156,14 +156,15 @@ class TableCalls {
   void ofRoutes() {
     const std::string text = textOf(source("src/service/exchange.cpp"));
     const std::regex route(R"re("(SndCmd\w+)",\s*"(\w+)",\s*"( ?)",\s*\{([\d, ]+)\})re");
-    const std::size_t member = memberOf(
-        {"nullArgument", "noConnection", "sending", "sendFailed", "receiveFailed", "received",
-         "unasked", "ended", "noReply", "unreadable", "full"});
+    const std::size_t member =
+        memberOf({"nullArgument", "noConnection", "sending", "sendFailed", "receiveFailed",
+                  "received", "unasked", "ended", "noReply", "unreadable", "full"});
     for (const std::smatch& match : matches(text, route)) {
       const std::string name = match[1];
       const std::vector<std::vector<std::string>> words = {
-          {"%", name}, {name, match[2]}, {"%", name, "%"}, {name}, {name, match[3]}, {"%", name},
-          {name, "%"}, {name},           {name},           {name}, {name}};
+          {"%", name}, {name, match[2]}, {"%", name, "%"}, {name}, {name, match[3]},
+          {"%", name}, {name, "%"},      {name},           {name}, {name},
+          {name}};
       add(numbers(match[4]).at(member), filledIn(call_.message, words[member]));
     }
   }
@@ -176,10 +177,16 @@ class TableCalls {
       const std::string text = textOf(entry.path());
       for (const std::smatch& match : matches(text, row)) {
         const std::string name = match[1];
-        const std::string head = (match[2] == "true" ? "[%s][" : "[") + name + "] ";
-        const std::vector<std::vector<std::string>> words = {
-            {head, match[3]}, {name, match[4]}, {head, detailOf(name)}};
-        add(numbers(match[5]).at(member), filledIn(call_.message, words[member]));
+        const bool showsClient = match[2] == "true";
+        const std::vector<std::string> client = {showsClient ? "[" : "", showsClient ? "%" : "",
+                                                 showsClient ? "]" : "", name};
+        std::vector<std::vector<std::string>> words = {client, {name, match[4]}, client};
+        words[0].push_back(match[3]);
+        words[2].push_back(detailOf(name));
+        // The detail is a word and a text.
+        const std::string message =
+            std::regex_replace(call_.message, std::regex(R"(%s%\.\*s)"), "%s");
+        add(numbers(match[5]).at(member), filledIn(message, words[member]));
       }
     }
   }

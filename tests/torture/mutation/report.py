@@ -7,7 +7,7 @@ from pathlib import Path
 Result = namedtuple("Result", "name change before after caught")
 Figures = namedtuple("Figures", "table line caught")
 
-_EQUIVALENT = Path(__file__).with_name("equivalent.md")
+_EQUIVALENT = Path(__file__).with_name("equivalent.txt")
 
 
 def difference(result):
@@ -28,7 +28,7 @@ def outcome(result):
 
 
 def entry(result):
-    """As it stands in equivalent.md."""
+    """As it stands in equivalent.txt."""
     return "\n".join(["`%s`" % result.change.file, "", "```diff", *difference(result), "```"])
 
 
