@@ -44,9 +44,9 @@ TEST_F(Resync, ChangesNothingWhereNothingFails) {
 }
 
 TEST_F(Resync, ALateReplyAnswersNothing) {
-  service.weighing().staysSilent();
+  service.weighing().holdsBack("", kOverLoad);
   EXPECT_EQ(raw(50), 4);
-  service.weighing().sends(kOverLoad);
+  service.weighing().sendsWhatItHeldBack();  // to a connection that may be gone
   EXPECT_EQ(weigh(), TOLVEX_UNDER_LOAD);
   EXPECT_EQ(service.weighing().connections(), 2U);
   EXPECT_EQ(resyncs(),
