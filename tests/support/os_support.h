@@ -27,7 +27,7 @@ class ReadOnlyFile {
 
  private:
   std::string path_;
-  void* handle_ = nullptr;
+  [[maybe_unused]] void* handle_ = nullptr;
 };
 
 // Whether the system itself puts what two processes append to a file one behind the other. Linux and
