@@ -63,9 +63,7 @@ std::size_t handleCount() {
   return count;
 }
 
-void setEnvironment(const char* name, const char* value) {
-  SetEnvironmentVariableA(name, value);
-}
+void setEnvironment(const char* name, const char* value) { SetEnvironmentVariableA(name, value); }
 
 std::FILE* secondStandardOutput() { return _fdopen(_dup(_fileno(stdout)), "w"); }
 
