@@ -9,7 +9,8 @@ namespace tolvex::test {
 class LoadedLibrary {
  public:
   // Throws std::runtime_error where it cannot be loaded. Each object has the library afresh, so
-  // that its first call can be made again: there is one object at a time.
+  // that its first call can be made again: there is one object at a time, and one library in a
+  // process. What keeps the library loaded in an application is taken out of it.
   explicit LoadedLibrary(const std::string& path);
   // Unloads it. What it left behind, such as memory and open files, stays.
   ~LoadedLibrary();

@@ -4,8 +4,11 @@
 #include <unistd.h>
 
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
+#include <fstream>
 #include <functional>
+#include <iterator>
 #include <stdexcept>
 
 #include "support/loaded_library.h"
@@ -80,10 +83,60 @@ void writeInto(void** slot, void* value) {
   *slot = value;
 }
 
+template <typename Entry>
+Entry* entryAt(std::string& file, std::size_t offset) {
+  if (offset + sizeof(Entry) > file.size()) throw std::runtime_error("the library's file is cut");
+  return reinterpret_cast<Entry*>(file.data() + offset);
+}
+
+void allowUnloading(std::string& file, const ElfW(Phdr) & section) {
+  for (std::size_t at = 0; at < section.p_filesz; at += sizeof(ElfW(Dyn))) {
+    auto* const entry = entryAt<ElfW(Dyn)>(file, section.p_offset + at);
+    if (entry->d_tag == DT_FLAGS_1) entry->d_un.d_val &= ~static_cast<ElfW(Xword)>(DF_1_NODELETE);
+  }
+}
+
+// A copy of the library's file, for as long as the process lives. The library is marked to stay
+// loaded once it is (-z nodelete), so that no call finds it gone; here it has to go, for else its
+// first call could be made only once in a process. The copy has no such mark.
+class UnloadableCopy {
+ public:
+  explicit UnloadableCopy(const std::string& original)
+      : original_(original), path_("./unloadable-" + std::to_string(getpid()) + ".so") {
+    std::ifstream source(original, std::ios::binary);
+    std::string file{std::istreambuf_iterator<char>(source), std::istreambuf_iterator<char>()};
+    const auto head = *entryAt<ElfW(Ehdr)>(file, 0);
+    for (std::size_t i = 0; i < head.e_phnum; ++i) {
+      const auto part = *entryAt<ElfW(Phdr)>(file, head.e_phoff + i * head.e_phentsize);
+      if (part.p_type == PT_DYNAMIC) allowUnloading(file, part);
+    }
+    std::ofstream(path_, std::ios::binary) << file;
+  }
+  ~UnloadableCopy() { std::remove(path_.c_str()); }
+
+  const char* path(const std::string& original) const {
+    if (original != original_) throw std::runtime_error("another library than " + original_);
+    return path_.c_str();
+  }
+
+ private:
+  std::string original_;
+  std::string path_;
+};
+
+const char* unloadable(const std::string& original) {
+  static const UnloadableCopy copy(original);
+  return copy.path(original);
+}
+
 }  // namespace
 
-LoadedLibrary::LoadedLibrary(const std::string& path)
-    : handle_(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+LoadedLibrary::LoadedLibrary(const std::string& path) {
+  const char* const copy = unloadable(path);
+  if (dlopen(copy, RTLD_NOW | RTLD_NOLOAD) != nullptr) {
+    throw std::runtime_error("the library did not let itself be unloaded");
+  }
+  handle_ = dlopen(copy, RTLD_NOW | RTLD_LOCAL);
   if (handle_ == nullptr) throw std::runtime_error(dlerror());
 }
 

@@ -36,10 +36,21 @@ void writeInto(ULONGLONG* slot, void* value) {
   *slot = reinterpret_cast<ULONGLONG>(value);
 }
 
+// In the place of the call with which the library pins itself, so that no call finds it gone. Here
+// it has to go, for else its first call could be made only once in a process.
+BOOL WINAPI doNotPin(DWORD, const char*, HMODULE*) { return FALSE; }
+
 }  // namespace
 
-LoadedLibrary::LoadedLibrary(const std::string& path) : handle_(LoadLibraryA(path.c_str())) {
+LoadedLibrary::LoadedLibrary(const std::string& path) {
+  if (GetModuleHandleA(path.c_str()) != nullptr) {
+    throw std::runtime_error("the library did not let itself be unloaded");
+  }
+  handle_ = LoadLibraryA(path.c_str());
   if (handle_ == nullptr) throw std::runtime_error(path + " cannot be loaded");
+  if (replace("GetModuleHandleExA", reinterpret_cast<void*>(doNotPin)) == nullptr) {
+    throw std::runtime_error("the library does not import GetModuleHandleExA");
+  }
 }
 
 LoadedLibrary::~LoadedLibrary() { FreeLibrary(static_cast<HMODULE>(handle_)); }
