@@ -36,7 +36,7 @@ extern const CallFailure kConnectionGone;
 bool isHarmlessImport(const std::string& name);
 
 // Notes the calls that the calling thread makes while an object exists, and lets some fail. Waits
-// are cut to five seconds; what ends one is noted just the same.
+// are cut to five seconds and pauses to nothing; what ends one is noted just the same.
 class ScarceCalls {
  public:
   // A call that was made: its index in scarceCalls().

@@ -21,6 +21,9 @@ constexpr char kOrdinaryReply[] =
     R"("maxRange1":"15","minRange":"40","resolution1":"5","systemVersion":"7.1",)"
     R"("PrinterList":"ticket,label","level":"3"%s})";
 
+// One for each connection, that leave the queue of the job as it is.
+constexpr const char* kReconnecting[] = {"feedPaper", "read_standard"};
+
 // So many members more than an ordinary reply has, in a reply that is not too long for a weight.
 std::string manyMembers() {
   std::string members;
@@ -46,7 +49,7 @@ Stage::Stage(std::string libraryFile)
     : libraryFile_(std::move(libraryFile)),
       address_(addressOfProcess()),
       service_(std::make_unique<ScriptedService>(address_)) {
-  host_.withIni("[zelkad]\nip_addr=" + address_ + "\n");
+  resync(true);
   const std::string image =
       (fs::temp_directory_path() / ("scarce-" + std::to_string(processId()) + ".bmp"))
           .generic_u8string();
@@ -57,6 +60,11 @@ Stage::Stage(std::string libraryFile)
   for (ServicePort* const port : {&service_->weighing(), &service_->printing()}) {
     port->alwaysAnswers([this](const std::string& request) { return reply(request); });
   }
+}
+
+void Stage::resync(bool on) {
+  resync_ = on;
+  host_.withIni("[zelkad]\nip_addr=" + address_ + "\nresync=" + (on ? "1" : "0") + "\n");
 }
 
 void Stage::loadAfresh() {
@@ -125,7 +133,22 @@ void Stage::complete(Observation& seen, const CallBuffer& buffer) {
   seen.buffer = buffer.text();
   seen.wroteBuffer = seen.buffer != CallBuffer().text();
   seen.lastError = ask("getLastErrCode");
+  if (!resync_) connectAnew(seen);
   seen.afterwards = checkNextCalls(seen);
+  takeRequests();
+}
+
+// A connection that is found gone is made anew, and with it goes what nobody took from it. Requests
+// of the call may have come only now: without resync it may have had its replies before them.
+void Stage::connectAnew(Observation& seen) {
+  CallBuffer unused;
+  for (const char* const name : kReconnecting) {
+    ScarceCalls::failOnce("send", kConnectionGone);
+    run(exportCall(name), unused);
+  }
+  std::vector<std::string> late = takeRequests();
+  late.resize(late.size() - std::min(late.size(), std::size(kReconnecting)));
+  seen.requests.insert(seen.requests.end(), late.begin(), late.end());
 }
 
 // The next calls do what they do after any other one: a job, which shows the queue, and a weight.
@@ -143,7 +166,6 @@ std::string Stage::checkNextCalls(Observation& seen) {
   if (net != expected) return "the next weight is " + net + " in the place of " + expected;
   const int lastError = ask("getLastErrCode");
   if (lastError != 0) return "the next last error is " + std::to_string(lastError);
-  takeRequests();
   return {};
 }
 

@@ -30,6 +30,11 @@ class Stage {
  public:
   explicit Stage(std::string libraryFile);
 
+  // With the option resync of the INI file or without it: from the next loadAfresh() on. Without it
+  // a reply that nobody took answers the next call, alone or with that call's own, which is as
+  // documented: both connections are then made anew before what follows a call is looked at.
+  void resync(bool on);
+
   // The library as it is before the first call, in folders without a log.
   void loadAfresh();
   // Before the first call, so that the INI file is not asked.
@@ -69,6 +74,7 @@ class Stage {
   int ask(const char* name, int argument = 0);
   int run(const ExportCall& call, CallBuffer& buffer);
   std::string checkNextCalls(Observation& seen);
+  void connectAnew(Observation& seen);
   std::string reply(const std::string& request);
   std::vector<std::string> takeRequests();
 
@@ -77,6 +83,7 @@ class Stage {
   std::string address_;
   std::unique_ptr<ScriptedService> service_;
   std::unique_ptr<LoadedLibrary> library_;
+  bool resync_ = true;
   std::atomic<bool> long_{false};
   std::atomic<unsigned> weight_{0};
   std::mutex mutex_;
