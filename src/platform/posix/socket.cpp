@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <chrono>
 #include <climits>
+#include <ctime>
 
 namespace tolvex::platform::net {
 namespace {
@@ -106,6 +107,12 @@ std::chrono::milliseconds sendTimeout(Socket socket) {
          std::chrono::milliseconds(timeout.tv_usec / kMicrosecondsOfOne);
 }
 
+// For a socket that would take bytes, had the system memory for them: it says both again at once.
+void waitForMemory() {
+  const timespec aWhile = {0, 20000000};
+  nanosleep(&aWhile, nullptr);
+}
+
 // Sends what a socket did not take at once, for as long as a blocking send may. Returns what it took.
 int sendRest(Socket socket, const char* data, unsigned length) {
   const auto deadline = Clock::now() + sendTimeout(socket);
@@ -114,8 +121,12 @@ int sendRest(Socket socket, const char* data, unsigned length) {
     const auto taken = resumed([&] {
       return ::send(descriptor(socket), data + sent, length - sent, MSG_NOSIGNAL | MSG_DONTWAIT);
     });
-    if (taken > 0) sent += static_cast<unsigned>(taken);
     if (taken < 0 && lastErrorOfThread != kWouldBlock) break;
+    if (taken > 0) {
+      sent += static_cast<unsigned>(taken);
+    } else {
+      waitForMemory();
+    }
   }
   return sent > 0 ? static_cast<int>(sent) : -1;
 }
