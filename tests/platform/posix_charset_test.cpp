@@ -63,8 +63,8 @@ TEST(Charset, IsUtf8UnderSeveralNames) {
   EXPECT_FALSE(isUtf8(""));
 }
 
-TEST(ConvertedText, OfACharsetNobodyKnowsIsTakenAsUtf8) {
-  EXPECT_EQ(convertedToUtf8("NOSUCH", "a\xC3\xA4\xFF", 4), "a\xC3\xA4\xEF\xBF\xBD");
+TEST(ConvertedText, IsRefusedWhereTheSystemDoesNotFindTheCharset) {
+  EXPECT_THROW(convertedToUtf8("NOSUCH", "a", 1), std::bad_alloc);
 }
 
 TEST(ConvertedText, MayHoldEveryByte) {

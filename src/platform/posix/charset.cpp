@@ -117,7 +117,8 @@ std::string userCharset() {
 
 std::string convertedToUtf8(const std::string& charset, const char* text, std::size_t size) {
   Conversion conversion(charset);
-  if (!conversion.isOpen()) return repairedUtf8(text, size);
+  // The system knew the set when it was chosen: now it cannot open the file of its conversion.
+  if (!conversion.isOpen()) throw std::bad_alloc();
   std::string utf8;
   for (;;) {
     conversion.convert(text, size, utf8);
