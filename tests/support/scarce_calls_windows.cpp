@@ -30,6 +30,7 @@ enum Call : std::size_t {
   kClosesocket,
   kIoctlsocket,
   kGetsockopt,
+  kSetsockopt,
   kGethostbyname,
   kSetHandleInformation,
   kCreateFileA,
@@ -38,6 +39,7 @@ enum Call : std::size_t {
   kWriteFile,
   kCloseHandle,
   kGetFileSizeEx,
+  kSetFilePointerEx,
   kGetFileType,
   kGetFileInformationByHandle,
   kGetFileAttributesExA,
@@ -47,7 +49,17 @@ enum Call : std::size_t {
   kFromWide
 };
 
-constexpr bool isSocketCall(std::size_t call) { return call >= kSocket && call <= kGetsockopt; }
+// A socket that sent half a request: the service waits for the rest, and there is no reply.
+thread_local SOCKET unanswered = INVALID_SOCKET;
+constexpr timeval kShortWait = {0, 50000};
+
+// How long a select() takes at most.
+timeval longestWait(const fd_set* read, const timeval& asked) {
+  if (read != nullptr && read->fd_array[0] == unanswered) return kShortWait;
+  return asked.tv_sec < kLongestWaitS ? asked : timeval{kLongestWaitS, 0};
+}
+
+constexpr bool isSocketCall(std::size_t call) { return call >= kSocket && call <= kSetsockopt; }
 
 constexpr bool opens(std::size_t call) {
   return call == kSocket || call == kCreateFileA || call == kCreateFileW;
@@ -77,14 +89,15 @@ struct Passage<call, Result(Arguments...)> {
   static Result WINAPI pass(Arguments... arguments) {
     const std::tuple<Arguments&...> all(arguments...);
     const CallFailure* const failure = account::next(call);
-    timeval wait = {kLongestWaitS, 0};
+    timeval wait = {};
     if constexpr (call == kSelect) {
-      const timeval asked = *std::get<4>(all);
-      if (asked.tv_sec < kLongestWaitS) wait = asked;
+      wait = longestWait(std::get<1>(all), *std::get<4>(all));
       if (account::isWatching()) std::get<4>(all) = &wait;
     }
     if constexpr (closes(call)) {
-      account::closing(reinterpret_cast<std::uintptr_t>(as<void*>(std::get<0>(all))));
+      const auto handle = reinterpret_cast<std::uintptr_t>(as<void*>(std::get<0>(all)));
+      account::closing(handle);
+      if (handle == unanswered) unanswered = INVALID_SOCKET;
     }
     if (failure != nullptr && failure->kind == CallFailure::kNothing) return Result{};
     if (failure != nullptr && failure->kind == kError) {
@@ -95,6 +108,9 @@ struct Passage<call, Result(Arguments...)> {
     }
     if constexpr (call == kSend || call == kRecv || call == kReadFile || call == kWriteFile) {
       if (failure != nullptr) std::get<2>(all) = (std::get<2>(all) + 1) / 2;
+    }
+    if constexpr (call == kSend) {
+      if (failure != nullptr) unanswered = std::get<0>(all);
     }
     const Result result = real(arguments...);
     if constexpr (opens(call)) {
@@ -158,6 +174,7 @@ const std::vector<ScarceCall>& scarceCalls() {
       {"closesocket", kOfSockets},
       {"ioctlsocket", kOfSockets},
       {"getsockopt", kOfSockets},
+      {"setsockopt", kOfSockets},
       {"gethostbyname", {ERROR_OF(WSAHOST_NOT_FOUND), ERROR_OF(WSATRY_AGAIN)}},
       {"SetHandleInformation", invalid},
       {"CreateFileA", kOfFiles},
@@ -166,6 +183,7 @@ const std::vector<ScarceCall>& scarceCalls() {
       {"WriteFile", {ERROR_OF(ERROR_DISK_FULL), ERROR_OF(ERROR_IO_DEVICE), kHalf}},
       {"CloseHandle", invalid},
       {"GetFileSizeEx", invalid},
+      {"SetFilePointerEx", invalid},
       {"GetFileType", invalid},
       {"GetFileInformationByHandle", invalid},
       {"GetFileAttributesExA", kOfFiles},
@@ -180,7 +198,8 @@ const std::vector<ScarceCall>& scarceCalls() {
 bool isHarmlessImport(const std::string& name) {
   // Of the compiler's run-time library, which is linked into it: threads, locks, exceptions, random
   // numbers, and what all programs begin with. Then what cannot fail, or is memory; messages on the
-  // standard streams are lost where they cannot be written.
+  // standard streams are lost where they cannot be written. With GetModuleHandleExA the library pins
+  // itself: in the tests that fails always.
   static const char* const names[] = {
       "CryptAcquireContextA",
       "CryptGenRandom",
@@ -199,6 +218,7 @@ bool isHarmlessImport(const std::string& name) {
       "GetHandleInformation",
       "GetLastError",
       "GetLocalTime",
+      "GetModuleHandleExA",
       "GetModuleHandleW",
       "GetProcAddress",
       "GetProcessAffinityMask",
@@ -301,6 +321,7 @@ void haveScarceCalls(LoadedLibrary& library) {
   Passage<kClosesocket, int(SOCKET)>::put(library);
   Passage<kIoctlsocket, int(SOCKET, long, u_long*)>::put(library);
   Passage<kGetsockopt, int(SOCKET, int, int, char*, int*)>::put(library);
+  Passage<kSetsockopt, int(SOCKET, int, int, Text, int)>::put(library);
   Passage<kGethostbyname, hostent*(Text)>::put(library);
   Passage<kSetHandleInformation, BOOL(HANDLE, DWORD, DWORD)>::put(library);
   Passage<kCreateFileA,
@@ -311,6 +332,7 @@ void haveScarceCalls(LoadedLibrary& library) {
   Passage<kWriteFile, BOOL(HANDLE, const void*, DWORD, DWORD*, OVERLAPPED*)>::put(library);
   Passage<kCloseHandle, BOOL(HANDLE)>::put(library);
   Passage<kGetFileSizeEx, BOOL(HANDLE, LARGE_INTEGER*)>::put(library);
+  Passage<kSetFilePointerEx, BOOL(HANDLE, LARGE_INTEGER, LARGE_INTEGER*, DWORD)>::put(library);
   Passage<kGetFileType, DWORD(HANDLE)>::put(library);
   Passage<kGetFileInformationByHandle, BOOL(HANDLE, BY_HANDLE_FILE_INFORMATION*)>::put(library);
   Passage<kGetFileAttributesExA, BOOL(Text, GET_FILEEX_INFO_LEVELS, void*)>::put(library);
