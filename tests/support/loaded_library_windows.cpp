@@ -36,6 +36,16 @@ void writeInto(ULONGLONG* slot, void* value) {
   *slot = reinterpret_cast<ULONGLONG>(value);
 }
 
+// A process has about a thousand places for the values of threads, and the library gives none back:
+// in an application it stays loaded.
+std::vector<DWORD> placesOfThreads;
+
+DWORD WINAPI notedTlsAlloc() {
+  const DWORD place = TlsAlloc();
+  if (place != TLS_OUT_OF_INDEXES) placesOfThreads.push_back(place);
+  return place;
+}
+
 // In the place of the call with which the library pins itself, so that no call finds it gone. Here
 // it has to go, for else its first call could be made only once in a process.
 BOOL WINAPI doNotPin(DWORD, const char*, HMODULE*) { return FALSE; }
@@ -48,12 +58,17 @@ LoadedLibrary::LoadedLibrary(const std::string& path) {
   }
   handle_ = LoadLibraryA(path.c_str());
   if (handle_ == nullptr) throw std::runtime_error(path + " cannot be loaded");
-  if (replace("GetModuleHandleExA", reinterpret_cast<void*>(doNotPin)) == nullptr) {
-    throw std::runtime_error("the library does not import GetModuleHandleExA");
+  if (replace("GetModuleHandleExA", reinterpret_cast<void*>(doNotPin)) == nullptr ||
+      replace("TlsAlloc", reinterpret_cast<void*>(notedTlsAlloc)) == nullptr) {
+    throw std::runtime_error("the library does not import GetModuleHandleExA or TlsAlloc");
   }
 }
 
-LoadedLibrary::~LoadedLibrary() { FreeLibrary(static_cast<HMODULE>(handle_)); }
+LoadedLibrary::~LoadedLibrary() {
+  FreeLibrary(static_cast<HMODULE>(handle_));
+  for (const DWORD place : placesOfThreads) TlsFree(place);
+  placesOfThreads.clear();
+}
 
 LoadedLibrary::Address LoadedLibrary::address(const char* name) const {
   const FARPROC found = GetProcAddress(static_cast<HMODULE>(handle_), name);

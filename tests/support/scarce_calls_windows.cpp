@@ -55,8 +55,9 @@ constexpr timeval kShortWait = {0, 50000};
 
 // How long a select() takes at most.
 timeval longestWait(const fd_set* read, const timeval& asked) {
-  if (read != nullptr && read->fd_array[0] == unanswered) return kShortWait;
-  return asked.tv_sec < kLongestWaitS ? asked : timeval{kLongestWaitS, 0};
+  const bool shortly = read != nullptr && read->fd_array[0] == unanswered;
+  const timeval longest = shortly ? kShortWait : timeval{kLongestWaitS, 0};
+  return timercmp(&asked, &longest, <) ? asked : longest;
 }
 
 constexpr bool isSocketCall(std::size_t call) { return call >= kSocket && call <= kSetsockopt; }
