@@ -16,6 +16,7 @@
 #include "support/loaded_library.h"
 #include "support/scarce_calls.h"
 #include "support/scarce_calls_account.h"
+#include "support/scarce_memory_account.h"
 
 namespace tolvex::test {
 namespace {
@@ -97,7 +98,10 @@ struct Passage<call, Result(Arguments...)> {
     if constexpr (call == kSend || call == kWrite || call == kRead || call == kRecv) {
       if (failure != nullptr) std::get<2>(all) = (std::get<2>(all) + 1) / 2;
     }
+    // Without memory newlocale() gives nothing, and not back what it read so far.
+    if constexpr (call == kNewlocale) account::systemBegins();
     const Result result = real(arguments...);
+    if constexpr (call == kNewlocale) account::systemEnds(result == nullptr);
     if constexpr (call == kSocket || call == kOpen) {
       if (result >= 0) account::opened(static_cast<std::uintptr_t>(result));
     }

@@ -22,6 +22,15 @@ struct Plan {
 
 thread_local Plan plan = {};
 
+// What the function of the system made that the thread is in.
+struct OfTheSystem {
+  bool inside;
+  std::size_t count;
+  std::array<const void*, 64> blocks;
+};
+
+thread_local OfTheSystem ofTheSystem = {};
+
 // Open addressing, without an allocation of its own.
 class Blocks {
  public:
@@ -78,11 +87,25 @@ bool mayAllocate() {
 }
 
 void made(const void* block) {
-  if (plan.watching && block != nullptr) blocks.add(block);
+  if (!plan.watching || block == nullptr) return;
+  blocks.add(block);
+  OfTheSystem& made = ofTheSystem;
+  if (made.inside && made.count < made.blocks.size()) made.blocks[made.count++] = block;
 }
 
 void gone(const void* block) {
   if (block != nullptr) blocks.remove(block);
+}
+
+void systemBegins() {
+  ofTheSystem.inside = true;
+  ofTheSystem.count = 0;
+}
+
+void systemEnds(bool failed) {
+  OfTheSystem& made = ofTheSystem;
+  made.inside = false;
+  for (std::size_t i = 0; failed && i < made.count; ++i) blocks.remove(made.blocks[i]);
 }
 
 }  // namespace account

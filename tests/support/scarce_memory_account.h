@@ -11,4 +11,9 @@ bool mayAllocate();
 void made(const void* block);
 void gone(const void* block);
 
+// Around a function of the system that leaves blocks behind where memory runs out in it: those that
+// it made are no account of the library's, if it failed.
+void systemBegins();
+void systemEnds(bool failed);
+
 }  // namespace tolvex::test::account

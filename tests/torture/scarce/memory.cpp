@@ -124,8 +124,7 @@ class MemoryRun {
     ofEachAllocation(name, count, [&](std::size_t failing, bool fromThenOn) {
       const Observation seen = first(failing, fromThenOn);
       report().found(judge(call, good, seen, kUnknown, {0, good.lastError}));
-      // The system keeps memory of its own when it cannot read the names of its character sets.
-      if (!call.queues) report().found(kept.moreThan(keptByGood));
+      report().found(kept.moreThan(keptByGood));
       checkLog(call);
     });
   }
