@@ -8,6 +8,13 @@
 
 namespace tolvex::test {
 
+// Whether a share has to be small, where a call takes milliseconds.
+#ifdef _WIN32
+constexpr bool kSmallShare = true;
+#else
+constexpr bool kSmallShare = false;
+#endif
+
 // Each says what it found wrong, and its figure as the last line. Returns the exit code.
 int runMemory(const std::string& library, bool full);
 int runSystemCalls(const std::string& library, bool full);
