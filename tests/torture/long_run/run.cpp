@@ -80,6 +80,7 @@ double Growth::risePerMillion(std::size_t Point::*what) const {
 }
 
 std::string Growth::check() const {
+  mustHold(points_.size() > 2, "too few exchanges to tell whether anything grows");
   for (const Point& point : points_) {
     mustHold(point.handles >= points_.front().handles &&
                  point.handles <= points_.front().handles + kHandlesOfLocks,
