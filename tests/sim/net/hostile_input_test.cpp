@@ -58,16 +58,16 @@ class HostileInput : public ServerFixture, public ::testing::WithParamInterface<
 
 // A connection takes fifty times as long under Wine, and what is read from it is read the same way.
 #ifdef _WIN32
-constexpr int kRounds = 8;
-constexpr std::size_t kStep = 5;
+constexpr int kPours = 8;
+constexpr std::size_t kPourStep = 5;
 #else
-constexpr int kRounds = 50;
-constexpr std::size_t kStep = 1;
+constexpr int kPours = 50;
+constexpr std::size_t kPourStep = 1;
 #endif
 
 TEST_P(HostileInput, RandomBytesDoNoHarm) {
   std::mt19937 random(20'251);
-  for (int i = 0; i < kRounds; ++i) {
+  for (int i = 0; i < kPours; ++i) {
     std::string bytes(20'000, '\0');
     for (char& byte : bytes) byte = static_cast<char>(random());
     pour(bytes);
@@ -96,7 +96,7 @@ TEST_P(HostileInput, RandomPiecesOfJsonDoNoHarm) {
                                            "\xFF",
                                            R"({"cmd":"getweight"})"};
   std::mt19937 random(20'252);
-  for (int i = 0; i < kRounds; ++i) {
+  for (int i = 0; i < kPours; ++i) {
     std::string bytes;
     while (bytes.size() < 20'000) bytes += pieces[random() % pieces.size()];
     pour(bytes);
@@ -106,7 +106,7 @@ TEST_P(HostileInput, RandomPiecesOfJsonDoNoHarm) {
 TEST_P(HostileInput, EveryBeginningOfARequestDoesNoHarm) {
   const std::string request =
       R"({"cmd":"printtext","printerType":"1","fontsize":"24","text":"\u00e4"})";
-  for (std::size_t i = 0; i < request.size(); i += kStep) pour(request.substr(0, i));
+  for (std::size_t i = 0; i < request.size(); i += kPourStep) pour(request.substr(0, i));
 }
 
 TEST_P(HostileInput, MegabytesOfGarbageAreOneAnswer) {
