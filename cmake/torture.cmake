@@ -11,6 +11,7 @@
 # All of them are at the target "torture" and in the folder torture/ of the build tree: for each a file
 # of shell variables and the function "run_it".
 add_custom_target(torture)
+file(REMOVE_RECURSE ${CMAKE_BINARY_DIR}/torture) # of an earlier configuration
 
 if(WIN32)
   set(tolvex_build_kind windows)

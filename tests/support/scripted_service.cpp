@@ -3,7 +3,7 @@
 #include <boost/asio.hpp>
 #include <condition_variable>
 #include <deque>
-#include <future>
+#include <exception>
 #include <list>
 #include <mutex>
 #include <stdexcept>
@@ -209,17 +209,25 @@ class Port : public ServicePort {
   }
 
   // Runs the work on the loop's thread and waits for it; its exception arrives here.
+  // By a lock and not a promise: what looks for races between threads knows locks for certain.
   void inLoop(const std::function<void()>& work) {
-    std::promise<void> done;
+    bool done = false;
+    std::exception_ptr failure;
     asio::post(io_, [&] {
+      std::exception_ptr thrown;
       try {
         work();
-        done.set_value();
       } catch (...) {
-        done.set_exception(std::current_exception());
+        thrown = std::current_exception();
       }
+      const std::lock_guard<std::mutex> lock(mutex_);
+      failure = thrown;
+      done = true;
+      changed_.notify_all();
     });
-    done.get_future().get();
+    std::unique_lock<std::mutex> lock(mutex_);
+    changed_.wait(lock, [&] { return done; });
+    if (failure != nullptr) std::rethrow_exception(failure);
   }
 
   void plan(const Step& step) {
@@ -267,8 +275,8 @@ class Port : public ServicePort {
     {
       const std::lock_guard<std::mutex> lock(mutex_);
       if (keepsRequests_) requests_.push_back(request);
+      changed_.notify_all();
     }
-    changed_.notify_all();
     Step step{Step::kSilence, ""};
     if (!script_.empty()) {
       step = script_.front();
@@ -301,8 +309,8 @@ class Port : public ServicePort {
       {
         const std::lock_guard<std::mutex> lock(mutex_);
         ++heldCount_;
+        changed_.notify_all();
       }
-      changed_.notify_all();
     }
   }
 
@@ -331,10 +339,8 @@ class Port : public ServicePort {
   }
 
   void countOpen() {
-    {
-      const std::lock_guard<std::mutex> lock(mutex_);
-      openCount_ = static_cast<unsigned>(open_.size());
-    }
+    const std::lock_guard<std::mutex> lock(mutex_);
+    openCount_ = static_cast<unsigned>(open_.size());
     changed_.notify_all();
   }
 
