@@ -91,10 +91,11 @@ int pollUntil(pollfd& entry, Clock::time_point deadline) {
 }
 
 // Waits until the socket takes bytes again, or is broken. Returns false when it does neither until
-// the deadline, or cannot be asked.
+// the deadline, and behind that, or cannot be asked.
 bool waitForRoom(Socket socket, Clock::time_point deadline) {
   pollfd entry = {descriptor(socket), POLLOUT, 0};
-  if (noted(pollUntil(entry, deadline)) > 0) return true;
+  const int count = noted(pollUntil(entry, deadline));
+  if (count > 0 && Clock::now() < deadline) return true;
   if (lastErrorOfThread == 0 || lastErrorOfThread == kWouldBlock) lastErrorOfThread = kTimedOut;
   return false;
 }
