@@ -1,4 +1,7 @@
 // What the service can do to an exchange, and what the next call makes of it.
+#include <chrono>
+#include <thread>
+
 #include "support/library_test.h"
 #include "support/os_support.h"
 
@@ -31,10 +34,18 @@ struct ExchangeFaults : ServiceTest {
     service.weighing().goesAway();
     for (int i = 0; i < count; ++i) EXPECT_EQ(zero(), 255);
     service.weighing().comesBack();
-    int verdict = 255;
-    for (int i = 0; i < 3 && verdict != 240; ++i) verdict = zero();
-    EXPECT_EQ(verdict, 240);
+    EXPECT_TRUE(worksAgain());
     EXPECT_TRUE(service.weighing().hasOpen(1));
+  }
+  // That a connection was closed shows in the send after the next one, once the other end has refused
+  // what came: on a busy machine so many exchanges are done before the system gets to that.
+  bool worksAgain() {
+    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+    while (zero() != 240) {
+      if (std::chrono::steady_clock::now() > limit) return false;
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    return true;
   }
   CallerBuffer<4096> reply;
 };
@@ -198,7 +209,8 @@ TEST_F(ExchangeFaults, AThousandBrokenExchangesTakeNoHandles) {
   const std::size_t before = handleCount();
   breakExchanges(500);
   if (kReleasesSockets) {
-    EXPECT_EQ(handleCount(), before);
+    EXPECT_GE(handleCount() + kHandlesOfLocks, before);
+    EXPECT_LE(handleCount(), before + kHandlesOfLocks);
   } else {
     EXPECT_GE(handleCount(), before + 500) << "a build that keeps its handles";
   }
