@@ -5,7 +5,9 @@
 #include <cstdlib>
 #include <cstring>
 #include <mutex>
+#include <stdexcept>
 
+#include "support/loaded_library.h"
 #include "support/scarce_calls_account.h"
 
 namespace tolvex::test {
@@ -18,6 +20,7 @@ struct Plan {
   bool watching = false;
   bool armed = false;
   bool fromThenOn = false;
+  std::size_t call = 0;
   std::size_t position = 0;
   CallFailure failure = {};
   std::size_t failures = 0;
@@ -39,13 +42,22 @@ std::size_t handleCount = 0;
 
 // Whether the call of this position is one that fails.
 bool isChosen(const Plan& now, std::size_t position, std::size_t call) {
-  if (!now.armed || now.failures >= now.most || position < now.position) return false;
-  return position == now.position || (now.fromThenOn && call == now.calls[now.position]);
+  if (!now.armed || now.failures >= now.most) return false;
+  return call == now.call && position >= now.position && (now.failures == 0 || now.fromThenOn);
 }
 
 }  // namespace
 
 namespace account {
+
+void* takeIn(LoadedLibrary& library, std::size_t call, void* inItsPlace) {
+  const char* const name = scarceCalls()[call].name;
+  void* const before = library.replace(name, inItsPlace);
+  if (before == nullptr) throw std::runtime_error(std::string("the library has no ") + name);
+  // It would call itself for ever.
+  if (before == inItsPlace) throw std::runtime_error("loaded, but not afresh");
+  return before;
+}
 
 bool isWatching() { return plan().watching; }
 
@@ -96,9 +108,11 @@ ScarceCalls::ScarceCalls() {
   now.watching = true;
 }
 
-ScarceCalls::ScarceCalls(std::size_t position, const CallFailure& failure, bool fromThenOn)
+ScarceCalls::ScarceCalls(std::size_t call, std::size_t position, const CallFailure& failure,
+                         bool fromThenOn)
     : ScarceCalls() {
   Plan& now = plan();
+  now.call = call;
   now.position = position;
   now.failure = failure;
   now.fromThenOn = fromThenOn;

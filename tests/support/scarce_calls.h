@@ -43,9 +43,10 @@ class ScarceCalls {
   using Calls = std::vector<std::size_t>;
 
   ScarceCalls();
-  // The call of this position (from 0) fails in this way; with fromThenOn all others of the same
-  // function after it, too, at most a thousand (interruptions by a signal: a hundred).
-  ScarceCalls(std::size_t position, const CallFailure& failure, bool fromThenOn);
+  // The first call of this function (its index in scarceCalls()) that is the one of this position
+  // (from 0) or later fails in this way; with fromThenOn all others after it, too, at most a thousand
+  // (interruptions by a signal: a hundred). Another function's call in that position is let through.
+  ScarceCalls(std::size_t call, std::size_t position, const CallFailure& failure, bool fromThenOn);
   ~ScarceCalls();
   ScarceCalls(const ScarceCalls&) = delete;
   ScarceCalls& operator=(const ScarceCalls&) = delete;

@@ -8,6 +8,9 @@
 
 namespace tolvex::test::account {
 
+// Has the library call this in the place of the function. Returns what it called before.
+void* takeIn(LoadedLibrary& library, std::size_t call, void* inItsPlace);
+
 // Told of each call, by its index: how it has to fail, null if it need not.
 const CallFailure* next(std::size_t call);
 // Whether this thread is the one that is looked at.

@@ -109,12 +109,8 @@ struct Passage<call, Result(Arguments...)> {
   }
 
   static void put(LoadedLibrary& library) {
-    const char* const name = scarceCalls()[call].name;
-    void* const before = library.replace(name, reinterpret_cast<void*>(pass));
-    if (before == nullptr) throw std::runtime_error(std::string("the library has no ") + name);
-    // It would call itself for ever.
-    if (before == reinterpret_cast<void*>(pass)) throw std::runtime_error("loaded, but not afresh");
-    real = reinterpret_cast<Result (*)(Arguments...)>(before);
+    real = reinterpret_cast<Result (*)(Arguments...)>(
+        account::takeIn(library, call, reinterpret_cast<void*>(pass)));
   }
 };
 
