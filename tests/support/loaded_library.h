@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "support/shared_library.h"
+
 namespace tolvex::test {
 
 class LoadedLibrary {
@@ -11,16 +13,13 @@ class LoadedLibrary {
   // Throws std::runtime_error where it cannot be loaded. Each object has the library afresh, so
   // that its first call can be made again: there is one object at a time, and one library in a
   // process. What keeps the library loaded in an application is taken out of it.
+  // What it leaves behind when it is unloaded, such as memory and open files, stays.
   explicit LoadedLibrary(const std::string& path);
-  // Unloads it. What it left behind, such as memory and open files, stays.
-  ~LoadedLibrary();
-  LoadedLibrary(const LoadedLibrary&) = delete;
-  LoadedLibrary& operator=(const LoadedLibrary&) = delete;
 
   // An export, as a function of the type. Throws std::runtime_error where there is none.
   template <typename Function>
   Function find(const char* name) const {
-    return reinterpret_cast<Function>(address(name));
+    return library_.find<Function>(name);
   }
 
   // The names of the functions that it takes from other libraries.
@@ -31,10 +30,7 @@ class LoadedLibrary {
   void* replace(const std::string& import, void* function);
 
  private:
-  using Address = void (*)();
-  Address address(const char* name) const;
-
-  void* handle_;
+  SharedLibrary library_;
 };
 
 }  // namespace tolvex::test

@@ -124,39 +124,29 @@ class UnloadableCopy {
   std::string path_;
 };
 
-const char* unloadable(const std::string& original) {
+// The path of a copy that is not loaded.
+std::string afresh(const std::string& original) {
   static const UnloadableCopy copy(original);
-  return copy.path(original);
+  const char* const path = copy.path(original);
+  if (dlopen(path, RTLD_NOW | RTLD_NOLOAD) != nullptr) {
+    throw std::runtime_error("the library did not let itself be unloaded");
+  }
+  return path;
 }
 
 }  // namespace
 
-LoadedLibrary::LoadedLibrary(const std::string& path) {
-  const char* const copy = unloadable(path);
-  if (dlopen(copy, RTLD_NOW | RTLD_NOLOAD) != nullptr) {
-    throw std::runtime_error("the library did not let itself be unloaded");
-  }
-  handle_ = dlopen(copy, RTLD_NOW | RTLD_LOCAL);
-  if (handle_ == nullptr) throw std::runtime_error(dlerror());
-}
-
-LoadedLibrary::~LoadedLibrary() { dlclose(handle_); }
-
-LoadedLibrary::Address LoadedLibrary::address(const char* name) const {
-  void* const found = dlsym(handle_, name);
-  if (found == nullptr) throw std::runtime_error(dlerror());
-  return reinterpret_cast<Address>(found);
-}
+LoadedLibrary::LoadedLibrary(const std::string& path) : library_(afresh(path)) {}
 
 std::vector<std::string> LoadedLibrary::imports() const {
   std::vector<std::string> names;
-  eachImport(handle_, [&](const char* name, void**) { names.emplace_back(name); });
+  eachImport(library_.handle(), [&](const char* name, void**) { names.emplace_back(name); });
   return names;
 }
 
 void* LoadedLibrary::replace(const std::string& import, void* function) {
   void* before = nullptr;
-  eachImport(handle_, [&](const char* name, void** slot) {
+  eachImport(library_.handle(), [&](const char* name, void** slot) {
     if (import != name) return;
     before = *slot;
     writeInto(slot, function);

@@ -37,7 +37,7 @@ void writeInto(ULONGLONG* slot, void* value) {
 }
 
 // A process has about a thousand places for the values of threads, and the library gives none back:
-// in an application it stays loaded.
+// in an application it stays loaded. They are given back before it is loaded again.
 std::vector<DWORD> placesOfThreads;
 
 DWORD WINAPI notedTlsAlloc() {
@@ -50,41 +50,34 @@ DWORD WINAPI notedTlsAlloc() {
 // it has to go, for else its first call could be made only once in a process.
 BOOL WINAPI doNotPin(DWORD, const char*, HMODULE*) { return FALSE; }
 
-}  // namespace
-
-LoadedLibrary::LoadedLibrary(const std::string& path) {
+// The path of one that is not loaded.
+const std::string& afresh(const std::string& path) {
   if (GetModuleHandleA(path.c_str()) != nullptr) {
     throw std::runtime_error("the library did not let itself be unloaded");
   }
-  handle_ = LoadLibraryA(path.c_str());
-  if (handle_ == nullptr) throw std::runtime_error(path + " cannot be loaded");
+  for (const DWORD place : placesOfThreads) TlsFree(place);
+  placesOfThreads.clear();
+  return path;
+}
+
+}  // namespace
+
+LoadedLibrary::LoadedLibrary(const std::string& path) : library_(afresh(path)) {
   if (replace("GetModuleHandleExA", reinterpret_cast<void*>(doNotPin)) == nullptr ||
       replace("TlsAlloc", reinterpret_cast<void*>(notedTlsAlloc)) == nullptr) {
     throw std::runtime_error("the library does not import GetModuleHandleExA or TlsAlloc");
   }
 }
 
-LoadedLibrary::~LoadedLibrary() {
-  FreeLibrary(static_cast<HMODULE>(handle_));
-  for (const DWORD place : placesOfThreads) TlsFree(place);
-  placesOfThreads.clear();
-}
-
-LoadedLibrary::Address LoadedLibrary::address(const char* name) const {
-  const FARPROC found = GetProcAddress(static_cast<HMODULE>(handle_), name);
-  if (found == nullptr) throw std::runtime_error(std::string("there is no ") + name);
-  return reinterpret_cast<Address>(reinterpret_cast<void*>(found));
-}
-
 std::vector<std::string> LoadedLibrary::imports() const {
   std::vector<std::string> names;
-  eachImport(handle_, [&](const char* name, ULONGLONG*) { names.emplace_back(name); });
+  eachImport(library_.handle(), [&](const char* name, ULONGLONG*) { names.emplace_back(name); });
   return names;
 }
 
 void* LoadedLibrary::replace(const std::string& import, void* function) {
   void* before = nullptr;
-  eachImport(handle_, [&](const char* name, ULONGLONG* slot) {
+  eachImport(library_.handle(), [&](const char* name, ULONGLONG* slot) {
     if (import != name) return;
     before = reinterpret_cast<void*>(*slot);
     writeInto(slot, function);

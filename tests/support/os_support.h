@@ -30,6 +30,11 @@ class ReadOnlyFile {
   [[maybe_unused]] void* handle_ = nullptr;
 };
 
+// Makes the folder a disk of its own with so much room, for this process and those that it starts. To
+// be called before there are threads. False where the system does not let us: for an ordinary user
+// without namespaces, and on Windows.
+bool makeDiskOfItsOwn(const std::string& folder, std::size_t room);
+
 // Whether the system itself puts what two processes append to a file one behind the other. Linux and
 // Windows do; Wine looks for the end of the file first and writes there then.
 bool appendsAreWhole();
@@ -52,45 +57,6 @@ void countMemoryExactly(char** arguments);
 // Handles that a process may come to have without opening anything: on Windows a lock gets one when
 // two threads meet at it for the first time.
 extern const std::size_t kHandlesOfLocks;
-
-// Memory between two pages that nobody may touch: who reads or writes beyond it ends the program.
-class GuardedMemory {
- public:
-  explicit GuardedMemory(std::size_t leastSize);
-  ~GuardedMemory();
-  GuardedMemory(const GuardedMemory&) = delete;
-  GuardedMemory& operator=(const GuardedMemory&) = delete;
-
-  char* begin() const { return begin_; }
-  char* end() const { return begin_ + size_; }
-  std::size_t size() const { return size_; }
-
- private:
-  char* begin_;
-  std::size_t size_;
-};
-
-// A library that is loaded at run time, by its path.
-class SharedLibrary {
- public:
-  // Throws std::runtime_error where it cannot be loaded.
-  explicit SharedLibrary(const std::string& path);
-  ~SharedLibrary();  // gives it back; it goes when nobody else holds it
-  SharedLibrary(const SharedLibrary&) = delete;
-  SharedLibrary& operator=(const SharedLibrary&) = delete;
-
-  // A function of it. Throws std::runtime_error where there is none of that name.
-  template <typename Function>
-  Function find(const char* name) const {
-    return reinterpret_cast<Function>(address(name));
-  }
-
- private:
-  using Address = void (*)();
-  Address address(const char* name) const;
-
-  void* handle_;
-};
 
 // Sets a variable of this process's environment.
 void setEnvironment(const char* name, const char* value);

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "tools/support/child.h"
+#include "support/child.h"
 
 namespace tolvex::test {
 

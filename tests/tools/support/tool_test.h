@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "support/temporary_folder.h"
-#include "tools/support/child.h"
+#include "support/child.h"
 #include "tools/support/simulator.h"
 
 namespace tolvex::test {

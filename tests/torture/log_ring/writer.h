@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "tools/support/child.h"
+#include "support/child.h"
 
 namespace tolvex::test {
 

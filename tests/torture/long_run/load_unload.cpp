@@ -8,6 +8,7 @@
 #include "support/host.h"
 #include "support/os_support.h"
 #include "support/scripted_service.h"
+#include "support/shared_library.h"
 
 namespace tolvex::test {
 namespace {

@@ -33,6 +33,7 @@ std::string ownAddress() {
 }
 
 struct Run {
+  std::string program;  // as it was started
   Options options;
   std::uint32_t seed;
   Tally tally;
@@ -104,7 +105,7 @@ int runAll(Run& run) {
   const std::vector<Pair> table = run.chosen();
   const std::vector<Pair> slow = thoseThatWait(table, true);
   std::size_t trials = 0;
-  Children children;
+  Children children(run.program);
   startTrials(children, run.options["--trials"], trials);
   startParts(children, run, partsOf(slow));
   ScriptedService service(address);
@@ -120,6 +121,7 @@ int runAll(Run& run) {
 
 int start(int count, char** words) {
   Run run;
+  run.program = words[0];
   run.options = {{"--share", "1"},     {"--only", ""},
                  {"--trials", "none"}, {"--trial", ""},
                  {"--part", ""},       {"--seed", std::to_string(std::random_device()())},

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "tools/support/os_child.h"
+#include "support/os_child.h"
 
 namespace tolvex::test::os {
 namespace {

@@ -1,17 +1,17 @@
-#include "tools/support/child.h"
+#include "support/child.h"
 
 #include <algorithm>
-#include <chrono>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
 
-#include "tools/support/os_child.h"
+#include "support/os_child.h"
 
 namespace tolvex::test {
 namespace {
 
 constexpr std::chrono::seconds kLongestWait{60};
+constexpr int kStreams = 2;  // output and error
 
 }  // namespace
 
@@ -79,12 +79,17 @@ std::optional<std::string> Child::readLine() {
   std::size_t end = std::string::npos;
   parts_->changed.wait_for(lock, kLongestWait, [&] {
     end = parts_->out.find('\n', parts_->read);
-    return end != std::string::npos || parts_->ended == 2;
+    return end != std::string::npos || parts_->ended == kStreams;
   });
   if (end == std::string::npos) return std::nullopt;
   const std::string line = parts_->out.substr(parts_->read, end - parts_->read);
   parts_->read = end + 1;
   return line;
+}
+
+bool Child::endsUntil(std::chrono::steady_clock::time_point limit) {
+  std::unique_lock<std::mutex> lock(parts_->mutex);
+  return parts_->changed.wait_until(lock, limit, [this] { return parts_->ended == kStreams; });
 }
 
 void Child::kill() { os::kill(parts_->process); }

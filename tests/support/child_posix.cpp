@@ -9,7 +9,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "tools/support/os_child.h"
+#include "support/os_child.h"
 
 extern char** environ;
 

@@ -1,6 +1,7 @@
 // A program that a test runs.
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <memory>
 #include <optional>
@@ -37,6 +38,9 @@ class Child {
   /// Waits for the next line of its standard output that has not been read yet, without its line
   /// end. Nothing when the output ends before, or after 60 seconds.
   std::optional<std::string> readLine();
+
+  /// Waits until it has closed its output, as at its end; false when the time is over before.
+  bool endsUntil(std::chrono::steady_clock::time_point limit);
 
   /// Ends it at once.
   void kill();
