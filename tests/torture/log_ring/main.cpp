@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <functional>
 #include <random>
+#include <stdexcept>
 #include <string>
 
 #include "support/os_support.h"
@@ -27,6 +28,7 @@ struct Options {
   unsigned seed = std::random_device()();
   unsigned writer = 0;
   bool isOrdinaryUser = false;
+  std::string fullDisk;  // the folder for it
 };
 
 Options read(int count, char** words) {
@@ -35,6 +37,10 @@ Options read(int count, char** words) {
     const std::string word = words[i];
     if (word == "--ordinary-user") {
       options.isOrdinaryUser = true;
+      continue;
+    }
+    if (word == "--full-disk" && i + 1 < count) {
+      options.fullDisk = words[++i];
       continue;
     }
     const auto number =
@@ -54,11 +60,30 @@ std::string openFolder(const std::string& parent) {
   return folder;
 }
 
+// Its own process plays it, as a disk is made for a process and those that it starts.
+std::string playFullDisk() {
+  const TemporaryFolder parent;
+  const Finished finished = run({Writer::program, "--full-disk", parent.path()});
+  if (finished.exitCode != 0) throw std::runtime_error(finished.out + finished.err);
+  return finished.out;
+}
+
+int runFullDisk(const std::string& parent) {
+  try {
+    std::printf("%s", fillDisk(parent).c_str());
+    return 0;
+  } catch (const std::exception& problem) {
+    std::printf("%s", problem.what());
+    return 1;
+  }
+}
+
 int runAll(const Options& options) {
   std::printf("seed %u\n", options.seed);
   const TemporaryFolder parent;
   const std::string folder = openFolder(parent.path());
   RingFigures figures;
+  std::string disk;
   const std::uint64_t bytes = options.mib * kMebibyte;
   const struct {
     const char* what;
@@ -69,6 +94,7 @@ int runAll(const Options& options) {
       {"two processes", [&] { fillByTwo(folder, bytes, figures); }},
       {"the folder deleted and restored", [&] { deleteAndRestoreFolder(folder, figures); }},
       {"files that may only be read", [&] { makeReadOnlyAndRestore(folder, figures); }},
+      {"a full disk", [&] { disk = playFullDisk(); }},
       {"killed writers", [&] { killWriters(folder, options.kills, options.seed, figures); }}};
   for (const auto& scenario : scenarios) {
     try {
@@ -83,11 +109,11 @@ int runAll(const Options& options) {
   }
   std::printf(
       "FIGURE: %llu MiB and %u kills, %llu lines checked: %llu incomplete, %llu of them joined by "
-      "another process; largest file %llu bytes\n",
+      "another process; largest file %llu bytes; %s\n",
       static_cast<unsigned long long>(figures.bytes / kMebibyte), figures.kills,
       static_cast<unsigned long long>(figures.lines), static_cast<unsigned long long>(figures.torn),
       static_cast<unsigned long long>(figures.joined),
-      static_cast<unsigned long long>(figures.largest));
+      static_cast<unsigned long long>(figures.largest), disk.c_str());
   return 0;
 }
 
@@ -96,6 +122,7 @@ int runAll(const Options& options) {
 int main(int count, char** words) {
   Writer::program = words[0];
   const Options options = read(count, words);
+  if (!options.fullDisk.empty()) return runFullDisk(options.fullDisk);
   if (options.writer != 0) return writeAsTold(options.writer, options.isOrdinaryUser);
   return runAll(options);
 }

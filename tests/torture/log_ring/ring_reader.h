@@ -37,8 +37,12 @@ class RingReader {
   std::uint64_t joined() const { return joined_; }  // of these the ones that another line follows
   std::uint64_t largest() const { return largest_; }
 
-  // All calls of the writer from some number to the last one are to be there, each once.
-  void expectSuffix(unsigned writer, unsigned last);
+  // All calls of the writer from some number to the last one are to be there, each once, and at least
+  // so many.
+  void expectSuffix(unsigned writer, unsigned last, unsigned least = 1);
+
+  // Of the calls that were read so far, none counts any more.
+  void forgetCalls();
 
  private:
   // Those of one writer in one file.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
+#include <fstream>
 #include <list>
 #include <memory>
 #include <optional>
@@ -174,6 +175,35 @@ void makeReadOnlyAndRestore(const std::string& folder, RingFigures& figures) {
   reader.expectSuffix(writer.number(), writer.calls());
   figures.bytes += writer.bytes();
   conclude(reader, figures);
+}
+
+std::string fillDisk(const std::string& parent) {
+  constexpr std::size_t kRoom = 1 << 20;
+  constexpr unsigned kCalls = 300;  // about a quarter of that
+  if (!makeDiskOfItsOwn(parent, kRoom))
+    return "no full disk, which the system does not let us make";
+  const std::string folder = emptyLibraryFolder(parent);
+  const std::string filler = parent + "filler";
+  RingReader reader(folder);
+  Writer writer;
+  writer.make(kCalls);
+  const std::string page(4096, 'x');
+  for (std::ofstream file(fs::u8path(filler), std::ios::binary); file << page << std::flush;) {
+  }
+  writer.make(kCalls);  // what is left of the log's last page takes some
+  const std::uint64_t full = sizeOf(fileOf(folder, 0));
+  writer.make(kCalls);
+  reader.expect(sizeOf(fileOf(folder, 0)) == full, "the disk is not full");
+  reader.readOn();
+  reader.forgetCalls();
+  fs::remove(fs::u8path(filler));
+  writer.make(kCalls);
+  reader.readOn();
+  reader.expect(reader.torn() <= 1, "more than one line is incomplete");
+  reader.expectSuffix(writer.number(), writer.calls(), kCalls);
+  RingFigures figures;
+  conclude(reader, figures);
+  return std::to_string(2 * kCalls) + " calls on a full disk";
 }
 
 void killWriters(const std::string& folder, unsigned kills, unsigned seed, RingFigures& figures) {

@@ -26,6 +26,9 @@ void fill(const std::string& folder, std::uint64_t bytes, RingFigures& figures);
 void fillByTwo(const std::string& folder, std::uint64_t bytes, RingFigures& figures);
 void deleteAndRestoreFolder(const std::string& folder, RingFigures& figures);
 void makeReadOnlyAndRestore(const std::string& folder, RingFigures& figures);
+// In a process of its own, for which the parent of the folder becomes a disk of its own: it runs full
+// while calls are made, and then there is room again. Returns what there is to say of it.
+std::string fillDisk(const std::string& parent);
 // Kills at moments that the seed gives; every fourth time beside another writer that goes on.
 void killWriters(const std::string& folder, unsigned kills, unsigned seed, RingFigures& figures);
 
