@@ -1,9 +1,18 @@
 #include "torture/scarce/runs.h"
 
+#include <algorithm>
+
 #include "support/scarce_calls.h"
 #include "support/scarce_memory.h"
 
 namespace tolvex::test {
+namespace {
+
+// A connection to each port and the log's file. The log closes that one with the record that fills it
+// and opens another with the next record: in between there is one handle less.
+constexpr std::size_t kHandlesInUse = 3;
+
+}  // namespace
 
 Held::Held() : blocks(blocksInUse()), handles(libraryHandles()) {}
 
@@ -15,7 +24,9 @@ Held Held::operator-(const Held& before) const {
 }
 
 std::string Held::moreThan(const Held& expected) const {
-  if (blocks <= expected.blocks && handles <= expected.handles) return {};
+  if (blocks <= expected.blocks && handles <= std::max(expected.handles, kHandlesInUse)) {
+    return {};
+  }
   return std::to_string(blocks) + " blocks and " + std::to_string(handles) +
          " handles in use in the place of " + std::to_string(expected.blocks) + " and " +
          std::to_string(expected.handles);
