@@ -87,7 +87,9 @@ function(tolvex_unit_test name)
   if(arg_ONE_PROCESS_WHERE_SLOW AND (CMAKE_CROSSCOMPILING_EMULATOR OR TOLVEX_SANITIZE OR TOLVEX_FEW_PROCESSES))
     add_test(NAME ${name} COMMAND ${name} --gtest_brief=1
       WORKING_DIRECTORY ${CMAKE_BINARY_DIR}/tests/${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT ${TOLVEX_PROGRAM_LIMIT} LABELS "${arg_LABELS}")
+    # Long ones first: the last one would have a processor for itself.
+    set_tests_properties(${name} PROPERTIES TIMEOUT ${TOLVEX_PROGRAM_LIMIT} LABELS "${arg_LABELS}"
+      COST 100)
     return()
   endif()
   tolvex_discover_tests(${name} PREFIX "${arg_PREFIX}" FILTER "${arg_FILTER}" LOCALE "${arg_LOCALE}"
