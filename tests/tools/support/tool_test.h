@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "support/temporary_folder.h"
 #include "support/child.h"
+#include "support/temporary_folder.h"
 #include "tools/support/simulator.h"
 
 namespace tolvex::test {
