@@ -100,6 +100,15 @@ TEST_F(FullDisk, EndsALongLineThatIsTornBetweenItsPieces) {
   EXPECT_EQ(contents(), line.substr(0, 2048) + "\r\nsecond\r\n");
 }
 
+TEST_F(FullDisk, EndsATornLineAtOnceWithALongOne) {
+  leaveRoomFor(3);
+  write("first");
+  makeRoom();
+  test::disk.writes = 0;
+  write(std::string(5000, 'x'));
+  EXPECT_EQ(test::disk.writes, 1);
+}
+
 TEST_F(FullDisk, WritesNoFurtherPieceOfALineThatIsTorn) {
   leaveRoomFor(100);
   write(std::string(100000, 'x'));
@@ -170,6 +179,17 @@ TEST(LogFileWrites, ALongLineAtOnce) {
   for (std::size_t i = 10; i < line.size(); i += 100) line[i] = '\n';
   file.writeLine(line.data(), line.size());
   EXPECT_EQ(test::disk.writes, 1);
+}
+
+TEST(LogFileWrites, ALineOfAnyLengthAtOnce) {
+  LogFile file;
+  ASSERT_TRUE(file.open("till"));
+  for (std::size_t length = 2040; length <= 2060; ++length) {
+    test::disk.writes = 0;
+    const std::string line(length, 'x');
+    file.writeLine(line.data(), line.size());
+    EXPECT_EQ(test::disk.writes, 1) << length;
+  }
 }
 
 // Others may write to the file; to ask costs as much as to write.
