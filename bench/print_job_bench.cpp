@@ -16,13 +16,13 @@
 #include <string>
 #include <vector>
 
-#include "allocation_counter.h"
+#include "support/allocation_counter.h"
 #include "printing/drain.h"
 #include "printing/queue_text.h"
-#include "program.h"
-#include "quantile.h"
+#include "support/program.h"
+#include "support/quantile.h"
 #include "service/vco_client_api.h"
-#include "state_folder.h"
+#include "support/state_folder.h"
 
 namespace {
 

@@ -21,11 +21,11 @@
 #include <string>
 #include <vector>
 
-#include "allocation_counter.h"
-#include "program.h"
-#include "quantile.h"
-#include "state_folder.h"
-#include "weight_service.h"
+#include "support/allocation_counter.h"
+#include "support/program.h"
+#include "support/quantile.h"
+#include "support/state_folder.h"
+#include "support/weight_service.h"
 
 namespace {
 

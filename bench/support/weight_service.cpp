@@ -1,4 +1,4 @@
-#include "weight_service.h"
+#include "support/weight_service.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
