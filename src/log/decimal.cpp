@@ -4,9 +4,14 @@
 #include <limits>
 
 namespace tolvex {
+namespace {
+
+bool isBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
+
+}  // namespace
 
 std::int32_t textToInt(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size()));
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
   const bool negative = !text.empty() && text.front() == '-';
   if (negative || (!text.empty() && text.front() == '+')) text.remove_prefix(1);
 

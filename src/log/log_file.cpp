@@ -5,6 +5,9 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <string_view>
+
+#include "platform/clock.h"
 
 namespace tolvex {
 namespace {
@@ -14,6 +17,10 @@ constexpr std::size_t kPathSize = 256;  // with the terminator; a longer path is
 // Another process may write to the same file. Its share is looked up once in a while, not for each
 // record, because asking costs as much as writing.
 constexpr std::int64_t kTrustedGrowth = 65536;
+
+// A deleted file is noticed after so many milliseconds at the latest, since asking costs half as much as
+// writing.
+constexpr std::int64_t kLookInterval = 100;
 
 constexpr char kClearLine[] = " ===== Clear All logs =====";
 
@@ -26,6 +33,8 @@ void say(const char* what, const char* path, const char* outcome) {
 // process may write. Only where memory is missing a long line takes several.
 class LineBuffer {
  public:
+  static constexpr std::size_t kFew = 2048;  // enough for every record with a header
+
   explicit LineBuffer(std::size_t size) {
     if (size <= sizeof(few_)) return;
     many_.reset(new (std::nothrow) char[size]);
@@ -34,9 +43,17 @@ class LineBuffer {
     room_ = size;
   }
   template <typename Sink>
-  bool put(char c, Sink&& sink) {
-    if (used_ == room_ && !flush(sink)) return false;
-    bytes_[used_++] = c;
+  bool put(const char* text, std::size_t length, Sink&& sink) {
+    while (length > room_ - used_) {
+      const std::size_t part = room_ - used_;
+      std::memcpy(bytes_ + used_, text, part);
+      used_ = room_;
+      if (!flush(sink)) return false;
+      text += part;
+      length -= part;
+    }
+    std::memcpy(bytes_ + used_, text, length);
+    used_ += length;
     return true;
   }
   template <typename Sink>
@@ -47,17 +64,20 @@ class LineBuffer {
   }
 
  private:
-  char few_[2048];  // enough for every record with a header
+  char few_[kFew];
   std::unique_ptr<char[]> many_;
   char* bytes_ = few_;
   std::size_t room_ = sizeof(few_);
   std::size_t used_ = 0;
 };
 
-// What a line takes in the file, with the end of a torn one before it.
+// What a line takes in the file, with the end of a torn one before it; of a short line the most that it
+// may take, which costs no look at it.
 std::size_t sizeInFile(const char* text, std::size_t length) {
-  const auto ends = static_cast<std::size_t>(std::count(text, text + length, '\n')) + 2;
-  return length + ends * std::strlen(platform::kLineEnd);
+  const std::size_t lineEnd = std::strlen(platform::kLineEnd);
+  const auto sizeWith = [&](std::size_t lineFeeds) { return length + (lineFeeds + 2) * lineEnd; };
+  if (sizeWith(length) <= LineBuffer::kFew) return sizeWith(length);
+  return sizeWith(static_cast<std::size_t>(std::count(text, text + length, '\n')));
 }
 
 }  // namespace
@@ -76,6 +96,7 @@ bool LogFile::open(const std::string& base) {
   if (file_.open(path)) {
     position_ = file_.size();
     unchecked_ = 0;
+    lookedAt_ = platform::coarseMilliseconds();
     torn_ = false;
     if (position_ <= kFullSize) {
       writeLine(kClearLine, std::strlen(kClearLine));
@@ -94,6 +115,7 @@ bool LogFile::openWithRoom(const char* path) {
   }
   position_ = file_.size();
   unchecked_ = 0;
+  lookedAt_ = platform::coarseMilliseconds();
   if (position_ > kFullSize) {
     file_.close();
     return false;
@@ -114,17 +136,16 @@ void LogFile::emptyRing(const std::string& base) {
 void LogFile::writeLine(const char* text, std::size_t length) {
   const auto sink = [this](const char* data, std::size_t size) { return append(data, size); };
   LineBuffer line(sizeInFile(text, length));
-  const auto putLineEnd = [&] {
-    for (const char* c = platform::kLineEnd; *c != '\0'; ++c) {
-      if (!line.put(*c, sink)) return false;
-    }
-    return true;
-  };
+  const std::size_t lineEnd = std::strlen(platform::kLineEnd);
+  const auto putLineEnd = [&] { return line.put(platform::kLineEnd, lineEnd, sink); };
   if (torn_) putLineEnd();
-  for (const char* c = text; c != text + length; ++c) {
-    if (*c == '\n' ? !putLineEnd() : !line.put(*c, sink)) return;
+  for (std::string_view rest(text, length);;) {
+    const std::string_view part = rest.substr(0, rest.find('\n'));
+    if (!line.put(part.data(), part.size(), sink) || !putLineEnd()) return;
+    if (part.size() == rest.size()) break;
+    rest.remove_prefix(part.size() + 1);
   }
-  if (putLineEnd()) line.flush(sink);
+  line.flush(sink);
 }
 
 bool LogFile::append(const char* data, std::size_t size) {
@@ -142,6 +163,13 @@ bool LogFile::isFull() {
     if (size >= 0) position_ = size;
   }
   return position_ > kFullSize;
+}
+
+bool LogFile::isGone() {
+  const std::int64_t now = platform::coarseMilliseconds();
+  if (now - lookedAt_ < kLookInterval && now >= lookedAt_) return false;
+  lookedAt_ = now;
+  return file_.isGone();
 }
 
 void LogFile::close() { file_.close(); }

@@ -22,8 +22,8 @@ class LogFile {
   // with room, false when it had to empty the ring or could open none (isOpen() tells which).
   bool open(const std::string& base);
   bool isOpen() const { return file_.isOpen(); }
-  // Whether the open file was deleted meanwhile.
-  bool isGone() const { return file_.isGone(); }
+  // Whether the open file was deleted meanwhile. Looked up ten times a second at most.
+  bool isGone();
 
   // The path that the latest open() with room found; it stays when the ring is emptied.
   const std::string& path() const { return path_; }
@@ -45,6 +45,7 @@ class LogFile {
   std::string path_;
   std::int64_t position_ = 0;  // the end of the file, as far as known
   std::int64_t unchecked_ = 0;
+  std::int64_t lookedAt_ = 0;
   bool torn_ = false;  // the last line in the file is incomplete
 };
 

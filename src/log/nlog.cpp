@@ -1,8 +1,10 @@
 #include "log/nlog.h"
 
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
+#include <limits>
 #include <memory>
 #include <new>
 
@@ -50,6 +52,56 @@ char levelLetter(int level) {
   constexpr char letters[] = "VDINWTE";
   return level >= 1 && level <= kHighestLevel ? letters[level - 1] : '*';
 }
+
+// Decimal, with zeros before it up to the width, as "%0*u" prints it.
+char* putNumber(char* at, unsigned number, int width) {
+  char digits[std::numeric_limits<unsigned>::digits10 + 1];
+  int count = 0;
+  for (; number > 0 || count < width; number /= 10) {
+    digits[count++] = static_cast<char>('0' + number % 10);
+  }
+  while (count > 0) *at++ = digits[--count];
+  return at;
+}
+
+char* putText(char* at, std::string_view text) { return at + text.copy(at, text.size()); }
+
+// What stands before the module: no more than seven numbers of ten digits, and what is between them.
+constexpr std::size_t kHeadSize = 128;
+
+// "2024-03-05 14:07:09 Ms:042 [W] L:044 ". Put together by hand: printf takes five times as long.
+char* putHead(char* at, const platform::LocalTime& now, int level, unsigned line) {
+  at = putText(putNumber(at, now.year, 4), "-");
+  at = putText(putNumber(at, now.month, 2), "-");
+  at = putText(putNumber(at, now.day, 2), " ");
+  at = putText(putNumber(at, now.hour, 2), ":");
+  at = putText(putNumber(at, now.minute, 2), ":");
+  at = putText(putNumber(at, now.second, 2), " Ms:");
+  at = putText(putNumber(at, now.millisecond, 3), " [");
+  *at++ = levelLetter(level);
+  return putText(putNumber(putText(at, "] L:"), line, 3), " ");
+}
+
+// A text in a buffer of some size, cut where that ends, and always terminated.
+class CutText {
+ public:
+  CutText(char* buffer, std::size_t size) : at_(buffer), begin_(buffer), room_(size - 1) {
+    *at_ = '\0';
+  }
+  void add(const char* text, std::size_t length) {
+    const std::size_t part = std::min(length, room_);
+    std::memcpy(at_, text, part);
+    at_ += part;
+    room_ -= part;
+    *at_ = '\0';
+  }
+  int end() const { return static_cast<int>(at_ - begin_); }
+
+ private:
+  char* at_;
+  char* begin_;
+  std::size_t room_;
+};
 
 bool endsInSeparator(const std::string& path) {
   return !path.empty() && (path.back() == '/' || path.back() == '\\');
@@ -113,63 +165,82 @@ void NLog::LoadConfig() {
 
 int NLog::GetModuleLevel(const char* module) {
   if (module == nullptr || module[0] == '\0') return kDefaultThreshold;
+  std::atomic<std::int64_t>* const copy = atHand(module);
   try {
-    // One lock for both: a threshold that another thread reads from NLog.ini meanwhile stays.
+    // One lock for both: a threshold that another thread stores meanwhile stays.
     const ScopedSection lock(levelsLock_);
-    const auto level = levels_.find(module);
-    if (level != levels_.end()) return level->second;
-    levels_.emplace(module, kDefaultThreshold);
+    const auto found = levels_.find(module);
+    const int level = found != levels_.end() ? found->second : kDefaultThreshold;
+    if (found == levels_.end()) levels_.emplace(module, level);
+    if (copy != nullptr) copy->store(level, std::memory_order_relaxed);
+    return level;
   } catch (const std::bad_alloc&) {
-    // An unknown module has the default threshold anyway.
+    return kDefaultThreshold;  // an unknown module has it anyway
   }
-  return kDefaultThreshold;
 }
 
 void NLog::SetModuleLevel(const char* module, int level) {
   try {
     const ScopedSection lock(levelsLock_);
     levels_[module] = level;
+    for (std::atomic<std::int64_t>* const copy : {&dllLevel_, &socketLevel_}) {
+      copy->store(kNotRead, std::memory_order_relaxed);
+    }
   } catch (const std::bad_alloc&) {
     // The module keeps the threshold that it had.
   }
 }
 
+// By the place of the tag, not by its text: a tag that merely reads the same is looked up.
+std::atomic<std::int64_t>* NLog::atHand(const char* module) {
+  if (module == kModuleDll) return &dllLevel_;
+  if (module == kModuleSocket) return &socketLevel_;
+  return nullptr;
+}
+
 bool NLog::passes(const char* module, int level) {
-  const int threshold = GetModuleLevel(module);
+  const std::atomic<std::int64_t>* const copy = atHand(module);
+  const std::int64_t known = copy != nullptr ? copy->load(std::memory_order_relaxed) : kNotRead;
+  const std::int64_t threshold = known != kNotRead ? known : GetModuleLevel(module);
   return threshold != 0 && threshold <= level;
 }
 
 int NLog::FormatHeader(const char* module, int level, unsigned line, char* buffer, int size) {
   if (size < 1) return 0;
-  const platform::LocalTime now = platform::localTime();
-  const bool named = module != nullptr;
-  const int length =
-      std::snprintf(buffer, static_cast<std::size_t>(size),
-                    "%04u-%02u-%02u %02u:%02u:%02u Ms:%03u [%c] L:%03u %s%s%s", now.year, now.month,
-                    now.day, now.hour, now.minute, now.second, now.millisecond, levelLetter(level),
-                    line, named ? "M:" : "", named ? module : "", named ? " " : "");
-  if (length < 0) buffer[0] = '\0';
-  return length < 0 ? 0 : (length < size ? length : size - 1);
+  char head[kHeadSize];
+  const char* const end = putHead(head, platform::localTime(), level, line);
+  CutText text(buffer, static_cast<std::size_t>(size));
+  text.add(head, static_cast<std::size_t>(end - head));
+  if (module != nullptr) {
+    text.add("M:", 2);
+    text.add(module, std::strlen(module));
+    text.add(" ", 1);
+  }
+  return text.end();
 }
 
 void NLog::Log(NLog* logger, const char* module, int level, unsigned line, const char* format,
                ...) {
   if (logger == nullptr) logger = GetInstance(nullptr, nullptr);
   if (logger == nullptr || !logger->passes(module, level)) return;
+  va_list arguments;
+  va_start(arguments, format);
+  logger->write(module, level, line, format, arguments);
+  va_end(arguments);
+}
 
+// By itself, so that a record that is turned down does without its room on the stack.
+void NLog::write(const char* module, int level, unsigned line, const char* format,
+                 va_list arguments) {
   char record[kRecordSize];
   const int header = FormatHeader(module, level, line, record, kRecordSize);
   const int room = kRecordSize - 1 - header;
-  if (room > 0) {
-    va_list arguments;
-    va_start(arguments, format);
-    if (std::vsnprintf(record + header, static_cast<std::size_t>(room), format, arguments) < 0) {
-      record[header] = '\0';
-    }
-    va_end(arguments);
+  if (room > 0 &&
+      std::vsnprintf(record + header, static_cast<std::size_t>(room), format, arguments) < 0) {
+    record[header] = '\0';
   }
   record[kRecordSize - 2] = '\0';  // a module tag may fill more than that with the header alone
-  logger->WriteLocalFile(level, record);
+  WriteLocalFile(level, record);
 }
 
 void NLog::LogString(NLog* logger, const char* module, int level, unsigned line,

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <atomic>
+#include <cstdarg>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -14,9 +16,9 @@
 namespace tolvex {
 
 // Module tags, as NLog.ini names them.
-constexpr char kModuleDll[] = "DLL";        // the library proper
-constexpr char kModuleSocket[] = "Socket";  // the transport
-constexpr char kModuleNLog[] = "NLog";      // the logger itself
+inline constexpr char kModuleDll[] = "DLL";        // the library proper
+inline constexpr char kModuleSocket[] = "Socket";  // the transport
+inline constexpr char kModuleNLog[] = "NLog";      // the logger itself
 
 // Levels the library uses, of 1 to 7. A higher number is more important.
 constexpr int kLevelTraffic = 2;       // requests and replies
@@ -70,6 +72,10 @@ class NLog {
   void LoadConfig();
   void rename(const char* name);
   bool passes(const char* module, int level);
+  void write(const char* module, int level, unsigned line, const char* format, va_list arguments);
+  // Where the threshold of a module is at hand without a look-up; null of a tag that is not one of ours
+  // above.
+  std::atomic<std::int64_t>* atHand(const char* module);
   std::string filePath(const char* name) const { return dir_ + name; }
 
   std::string name_;  // under the writer lock
@@ -78,6 +84,10 @@ class NLog {
   std::string lastPrintFile_;  // under the writer lock; kept for the print side
   platform::CriticalSection levelsLock_;
   std::map<std::string, int, std::less<>> levels_;
+  // Copies for those who ask under our own tags, at every record; kNotRead before the first time.
+  static constexpr std::int64_t kNotRead = INT64_MAX;
+  std::atomic<std::int64_t> dllLevel_{kNotRead};
+  std::atomic<std::int64_t> socketLevel_{kNotRead};
 
   static std::atomic<NLog*> instance_;
 };

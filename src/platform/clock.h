@@ -1,5 +1,7 @@
-// The wall clock, in the time zone of the machine.
+// The wall clock, in the time zone of the machine, and a clock for short intervals.
 #pragma once
+
+#include <cstdint>
 
 namespace tolvex::platform {
 
@@ -15,5 +17,8 @@ struct LocalTime {
 
 // Reads the current local time. Never fails; any thread may call it.
 LocalTime localTime();
+
+// Milliseconds of a clock that only goes forward, in steps of up to 16. Costs next to nothing.
+std::int64_t coarseMilliseconds();
 
 }  // namespace tolvex::platform

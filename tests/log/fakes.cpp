@@ -5,6 +5,7 @@
 namespace tolvex::test {
 
 platform::LocalTime clockTime = {2024, 3, 5, 14, 7, 9, 42};
+std::int64_t intervalTime = 5000;
 std::vector<std::string> debuggerTexts;
 
 }  // namespace tolvex::test
@@ -12,6 +13,8 @@ std::vector<std::string> debuggerTexts;
 namespace tolvex::platform {
 
 LocalTime localTime() { return test::clockTime; }
+
+std::int64_t coarseMilliseconds() { return test::intervalTime; }
 
 void debugOutput(const char* text) { test::debuggerTexts.emplace_back(text); }
 

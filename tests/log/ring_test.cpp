@@ -8,6 +8,8 @@
 namespace tolvex {
 namespace {
 
+constexpr std::int64_t kLookInterval = 100;  // milliseconds
+
 using test::Lines;
 using test::makeFileOfSize;
 using test::sizeOf;
@@ -152,8 +154,24 @@ TEST_F(Ring, BeginsAnewWhenItsFileIsDeleted) {
   log("a");
   std::error_code inUse;
   const bool isDeleted = std::filesystem::remove(std::filesystem::u8path(file(0)), inUse);
+  test::intervalTime += kLookInterval;
   log("b");
   EXPECT_EQ(lines(0), isDeleted ? Lines{record("b")} : (Lines{record("a"), record("b")}));
+}
+
+// It asks after its file ten times a second only.
+TEST_F(Ring, NoticesADeletedFileATenthOfASecondLater) {
+  open();
+  log("a");
+  std::error_code inUse;
+  const bool isDeleted = std::filesystem::remove(std::filesystem::u8path(file(0)), inUse);
+  test::intervalTime += kLookInterval - 1;
+  log("lost where a file can be deleted");
+  test::intervalTime += 1;
+  log("b");
+  EXPECT_EQ(lines(0), isDeleted ? Lines{record("b")}
+                                : (Lines{record("a"), record("lost where a file can be deleted"),
+                                         record("b")}));
 }
 
 TEST_F(Ring, BeginsAnewWhenItsFolderIsDeletedAndRestored) {
@@ -161,6 +179,7 @@ TEST_F(Ring, BeginsAnewWhenItsFolderIsDeletedAndRestored) {
   log("a");
   std::error_code inUse;
   std::filesystem::remove_all(std::filesystem::u8path(folder_.path()), inUse);
+  test::intervalTime += kLookInterval;
   const std::string printed = printedBy([] { log("b"); });
   EXPECT_EQ(printed.find("NLog::WriteLocalFile File Open Failed") != std::string::npos, !inUse);
   test::makeFolder(folder_.path());

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <cstdint>
 #include <ctime>
+#include <thread>
 #include <tuple>
 
 namespace tolvex::platform {
@@ -56,6 +59,30 @@ TEST(LocalTime, GoesOn) {
   LocalTime later = localTime();
   while (inOrder(later) == inOrder(first)) later = localTime();
   EXPECT_GT(inOrder(later), inOrder(first));
+}
+
+TEST(LocalTime, IsTheSameOnEachThread) {
+  LocalTime there = {};
+  const LocalTime before = localTime();
+  std::thread([&there] { there = localTime(); }).join();
+  const LocalTime after = localTime();
+  EXPECT_GE(inOrder(there), inOrder(before));
+  EXPECT_LE(inOrder(there), inOrder(after));
+}
+
+TEST(CoarseMilliseconds, GoForward) {
+  using std::chrono::steady_clock;
+  constexpr std::int64_t kStep = 16;
+  const auto begin = steady_clock::now();
+  const std::int64_t first = coarseMilliseconds();
+  std::int64_t latest = first;
+  while (latest < first + 5 * kStep) {
+    const std::int64_t next = coarseMilliseconds();
+    ASSERT_GE(next, latest);
+    latest = next;
+  }
+  const std::chrono::duration<double, std::milli> took = steady_clock::now() - begin;
+  EXPECT_GE(took.count(), static_cast<double>(4 * kStep));
 }
 
 }  // namespace

@@ -10,4 +10,6 @@ LocalTime localTime() {
   return {now.wYear, now.wMonth, now.wDay, now.wHour, now.wMinute, now.wSecond, now.wMilliseconds};
 }
 
+std::int64_t coarseMilliseconds() { return static_cast<std::int64_t>(GetTickCount64()); }
+
 }  // namespace tolvex::platform

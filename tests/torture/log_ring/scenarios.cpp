@@ -146,6 +146,11 @@ void deleteAndRestoreFolder(const std::string& folder, RingFigures& figures) {
   fs::remove_all(fs::u8path(folder), inUse);
   writer.make(100);
   makeFolder(folder);
+  // The library asks for its file ten times a second.
+  const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(10);
+  while (!fs::exists(fs::u8path(fileOf(folder, 0))) && std::chrono::steady_clock::now() < limit) {
+    writer.make(1);
+  }
   writer.make(100);
   RingReader reader(folder);
   reader.readOn();
