@@ -43,7 +43,7 @@ struct SettledSettings {
   }
 };
 
-std::atomic<bool> highResolution{false};
+std::atomic<bool> highResolutionMode{false};
 
 std::string iniPath() {
   const std::string executable = platform::hostExecutableUtf8();
@@ -157,8 +157,8 @@ bool chooseServerAddress(const char* address) {
   return true;
 }
 
-bool highResolutionWeights() { return highResolution.load(std::memory_order_relaxed); }
+bool highResolutionWeights() { return highResolutionMode.load(std::memory_order_relaxed); }
 
-void setHighResolutionWeights(bool on) { highResolution.store(on, std::memory_order_relaxed); }
+void setHighResolutionWeights(bool on) { highResolutionMode.store(on, std::memory_order_relaxed); }
 
 }  // namespace tolvex

@@ -1,11 +1,8 @@
 // The request: one compact JSON object, "cmd" first.
 #pragma once
 
-#include <rapidjson/allocators.h>
-#include <rapidjson/stringbuffer.h>
-#include <rapidjson/writer.h>
-
 #include <cstddef>
+#include <memory>
 
 #include "service/json_allocator.h"
 
@@ -13,7 +10,7 @@ namespace tolvex {
 
 // Builds a request member by member, in the order of the calls. Every value becomes a JSON string:
 // quotes, backslashes and control characters are escaped, all other bytes go through as they are.
-// Throws std::bad_alloc only.
+// Takes memory from the heap only for what is longer than kOrdinarySize. Throws std::bad_alloc only.
 class Envelope {
  public:
   explicit Envelope(const char* command);
@@ -32,19 +29,21 @@ class Envelope {
   unsigned length() const;  // without the NUL; after text()
 
  private:
-  using Pool = rapidjson::MemoryPoolAllocator<ThrowingAllocator>;
-  using Buffer = rapidjson::GenericStringBuffer<rapidjson::UTF8<>, Pool>;
-  using Writer = rapidjson::Writer<Buffer, rapidjson::UTF8<>, rapidjson::UTF8<>, Pool>;
+  static constexpr std::size_t kOrdinarySize = 1024;
 
-  static constexpr std::size_t kPoolSize = 1024;    // enough for an ordinary request
-  static constexpr std::size_t kPoolGrowth = 8192;  // for each block taken from the heap after it
+  void addString(const char* text);
+  // Makes room for so many bytes and those that end the object.
+  void reserve(std::size_t bytes);
 
-  alignas(std::max_align_t) char memory_[kPoolSize];
-  ThrowingAllocator heap_;
-  Pool pool_;
-  Buffer buffer_;
-  Writer writer_;
+  std::size_t size_ = 0;
+  std::size_t capacity_ = kOrdinarySize;
+  char* bytes_ = few_;
+  struct Free {
+    void operator()(char* block) const { ThrowingAllocator::Free(block); }
+  };
+  std::unique_ptr<char, Free> many_;
   bool ended_ = false;
+  char few_[kOrdinarySize];  // only what the text fills of it is ever touched
 };
 
 }  // namespace tolvex

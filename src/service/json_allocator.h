@@ -1,4 +1,4 @@
-// Memory for the JSON library, for the files of this folder only.
+// Memory for requests and replies, for the files of this folder only.
 #pragma once
 
 #include <cstddef>

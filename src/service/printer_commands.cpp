@@ -54,7 +54,7 @@ std::int32_t VcoClientApi::printerCommand(const char* cmd, std::initializer_list
       request.add(member.key, member.number);
     }
   }
-  ReplyText reply;
+  Reply reply;
   return command(printingRoute(), request, reply).code;
 }
 
@@ -137,14 +137,13 @@ unsigned VcoClientApi::openCashBox() { return printing("opencashbox", {}); }
 unsigned VcoClientApi::getPrinterList(char* out, unsigned outLen) {
   if (out == nullptr) return kept(result::kInvalidParam);
   Envelope request("getPrinterList");
-  ReplyText reply;
+  Reply reply;
   const Outcome outcome = command(printingRoute(), request, reply);
   if (!outcome.answered) return kept(outcome.code);
-  const Reply parsed(reply.text);
-  const char* const list = parsed.text("PrinterList");
+  const char* const list = reply.text("PrinterList");
   if (list == nullptr) {
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 688,
-              "[%s][getPrinterList] json parse fail:%s", getClientName().c_str(), reply.text);
+              "[%s][getPrinterList] json parse fail:%s", getClientName().c_str(), reply.raw());
     return kept(result::kJsonErr);
   }
   return kept(copyExactText(out, outLen, list));

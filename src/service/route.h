@@ -5,10 +5,9 @@
 
 namespace tolvex {
 
-struct VcoClientApi::Route {
-  CTcpClient* connection;
-  RecursiveLock& lock;
-  std::int32_t missingCode;       // the result when there is no connection object
+// What an exchange is called in the log, and its result without a connection.
+struct VcoClientApi::RouteWords {
+  std::int32_t missingCode;
   const char* name;               // of the exchange routine, as the log shows it
   const char* connectionName;     // likewise
   const char* beforeFailedCount;  // what stands between "failed:" and the count of a failed receive
@@ -17,6 +16,12 @@ struct VcoClientApi::Route {
     // with resync only
     unsigned unasked, ended, noReply, unreadable, full;
   } line;
+};
+
+struct VcoClientApi::Route {
+  CTcpClient* connection;
+  RecursiveLock& lock;
+  const RouteWords& words;
 };
 
 }  // namespace tolvex

@@ -8,7 +8,7 @@
 
 #include "log/recursive_lock.h"
 #include "service/print_job_buffer.h"
-#include "service/reply_text.h"
+#include "service/reply.h"
 #include "transport/tcp_client.h"
 
 namespace tolvex {
@@ -66,6 +66,9 @@ class VcoClientApi {
 
   // Base information, whole reply. out null or outLen below 200: 5, last error unchanged.
   virtual unsigned getBaseInfo(char* out, unsigned outLen);
+  // The same for a caller who reads the reply's members. The reply is left parsed; one of more than so
+  // many bytes is 5.
+  unsigned readBaseInfo(Reply& reply, unsigned most);
   virtual unsigned setZero();
   // Presets the tare to the text; a text of nothing but '0' and '.' clears the tare instead. On
   // success the tare that the service took is copied back, at most 10 characters. len below 10: 5.
@@ -77,6 +80,7 @@ class VcoClientApi {
   virtual unsigned clearTare(char* out, unsigned outLen);
   // Weight, whole reply. out null or outLen below 200: 5.
   virtual unsigned getWeight(char* out, unsigned outLen);
+  unsigned readWeight(Reply& reply, unsigned most);  // as readBaseInfo
   // Any command. paramList is sent when it is neither null nor empty; out may be null, otherwise it
   // gets the whole reply. Only the 5 for a null cmd is kept as the last error.
   virtual unsigned sendRawCmdToLC(const char* cmd, const char* paramList, char* out,
@@ -152,15 +156,19 @@ class VcoClientApi {
   // The host application's name, as the log lines show it.
   const std::string& getClientName() const { return identity_; }
 
-  // One exchange: sends length bytes of the request and fills reply, which must be zeroed and one
-  // byte larger than capacity, with what one receive delivers. Returns 0, 2, 4, or 1001 / 2001.
+  // One exchange: sends length bytes of the request and fills reply, which must be one byte larger than
+  // capacity, with what one receive delivers, and a NUL. Returns 0, 2, 4, or 1001 / 2001; the reply is
+  // not written unless it is 0.
   unsigned SndCmdToLC(const char* request, unsigned length, char* reply, unsigned capacity,
                       unsigned timeoutMs);
   unsigned SndCmdToPrinter(const char* request, unsigned length, char* reply, unsigned capacity,
                            unsigned timeoutMs);
 
  private:
+  struct RouteWords;
   struct Route;  // one of the two connections with its lock and its log lines
+  static const RouteWords kWeighingWords;
+  static const RouteWords kPrintingWords;
 
   // How an exchange ended: with a reply and the code in it, or with the code of its failure.
   struct Outcome {
@@ -170,14 +178,16 @@ class VcoClientApi {
 
   Route weighingRoute();
   Route printingRoute();
+  template <typename IsReadable>
   unsigned exchange(const Route& route, const char* request, unsigned length, char* reply,
-                    unsigned capacity, unsigned timeoutMs);
+                    unsigned capacity, unsigned timeoutMs, IsReadable isReadable);
 
   // What resync does before a request, and whether it finds fault with a reply; both log it.
   static void dropUnasked(const Route& route);
-  static bool isOutOfStep(const Route& route, const char* reply, bool full);
+  static bool isOutOfStep(const Route& route, bool readable, bool full);
 
-  Outcome command(const Route& route, Envelope& request, ReplyText& reply,
+  // Leaves the parsed reply, where there is one.
+  Outcome command(const Route& route, Envelope& request, Reply& reply,
                   unsigned timeoutMs = kReplyTimeoutMs);
   struct Member;  // one parameter of a printer command
   static Member printer(int type);
@@ -192,15 +202,19 @@ class VcoClientApi {
   // A command whose whole reply goes to the caller; not kept.
   std::int32_t wholeReplyCommand(const Route& route, Envelope& request, char* out, unsigned outLen,
                                  unsigned timeoutMs = kReplyTimeoutMs);
+  // A reading of the scale, left parsed in reply; kBufferNotEnough for a reply of more than so many
+  // bytes. Not kept.
+  std::int32_t readCommand(Envelope& request, Reply& reply, unsigned most);
   // A command of the caller's making, whose whole reply goes to out unless that is null; not kept.
   unsigned rawCommand(const Route& route, Envelope& request, char* out, unsigned outLen,
                       unsigned timeoutMs);
-  // A tare command; out has room for kTareTextSize bytes. logMissing(reply) tells of a reply
+  // A tare command; out has room for kTareTextSize bytes. logMissing(text) tells of a reply
   // without a tare.
   template <typename LogMissing>
   unsigned tareCommand(Envelope& request, char* out, LogMissing logMissing);
 
   unsigned kept(std::int32_t code);
+  void logGetWeight() const;
 
   CTcpClient* weighing_;
   CTcpClient* printing_;

@@ -19,6 +19,10 @@ bool is(const char* module, const char* name) {
   return module != nullptr && std::strcmp(module, name) == 0;
 }
 
+constexpr char kBaseInfo[] = "getbaseinfo";
+constexpr char kVersion[] = "VcoVersion";
+constexpr char kWeight[] = "getweight";
+
 constexpr char kPrinterModule[] = "print";
 constexpr char kScaleModule[] = "loadcell";
 
@@ -26,9 +30,15 @@ constexpr char kScaleModule[] = "loadcell";
 
 unsigned VcoClientApi::getBaseInfo(char* out, unsigned outLen) {
   if (out == nullptr || outLen < kLeastReadBuffer) return result::kBufferNotEnough;
-  Envelope request("getbaseinfo");
-  request.add("VcoVersion", kLibraryVersion);
+  Envelope request(kBaseInfo);
+  request.add(kVersion, kLibraryVersion);
   return kept(wholeReplyCommand(weighingRoute(), request, out, outLen));
+}
+
+unsigned VcoClientApi::readBaseInfo(Reply& reply, unsigned most) {
+  Envelope request(kBaseInfo);
+  request.add(kVersion, kLibraryVersion);
+  return kept(readCommand(request, reply, most));
 }
 
 unsigned VcoClientApi::setZero() {
@@ -38,13 +48,12 @@ unsigned VcoClientApi::setZero() {
 
 template <typename LogMissing>
 unsigned VcoClientApi::tareCommand(Envelope& request, char* out, LogMissing logMissing) {
-  ReplyText reply;
+  Reply reply;
   const Outcome outcome = command(weighingRoute(), request, reply);
   if (outcome.code != result::kOk) return kept(outcome.code);
-  const Reply parsed(reply.text);
-  const char* const tare = parsed.text("tare");
+  const char* const tare = reply.text("tare");
   if (tare == nullptr) {
-    logMissing(reply.text);
+    logMissing(reply.raw());
     return kept(result::kJsonErr);
   }
   boundedCopy(out, tare, kTareTextSize);
@@ -85,12 +94,22 @@ unsigned VcoClientApi::clearTare(char* out, unsigned outLen) {
   });
 }
 
-unsigned VcoClientApi::getWeight(char* out, unsigned outLen) {
+void VcoClientApi::logGetWeight() const {
   NLog::Log(NLog::GetInstance(), kModuleDll, kLevelTrace, 318, "[%s][getWeight] Oh Ye~",
             getClientName().c_str());
+}
+
+unsigned VcoClientApi::getWeight(char* out, unsigned outLen) {
+  logGetWeight();
   if (out == nullptr || outLen < kLeastReadBuffer) return kept(result::kBufferNotEnough);
-  Envelope request("getweight");
+  Envelope request(kWeight);
   return kept(wholeReplyCommand(weighingRoute(), request, out, outLen));
+}
+
+unsigned VcoClientApi::readWeight(Reply& reply, unsigned most) {
+  logGetWeight();
+  Envelope request(kWeight);
+  return kept(readCommand(request, reply, most));
 }
 
 unsigned VcoClientApi::getLCVersion(char* out, unsigned outLen) {
@@ -100,7 +119,7 @@ unsigned VcoClientApi::getLCVersion(char* out, unsigned outLen) {
 
 bool VcoClientApi::checkConnection() {
   Envelope request("checkConnection");
-  ReplyText reply;
+  Reply reply;
   const Outcome outcome = command(weighingRoute(), request, reply);
   kept(outcome.code);
   return outcome.answered;
@@ -119,14 +138,13 @@ unsigned VcoClientApi::getLogLevel(const char* module, char* out, unsigned outLe
   if (!ofPrinter && !is(module, kScaleModule)) return kept(result::kUnknown);
   Envelope request("getloglevel");
   request.add("module", module);
-  ReplyText reply;
+  Reply reply;
   const Outcome outcome = command(ofPrinter ? printingRoute() : weighingRoute(), request, reply);
   if (outcome.code != result::kOk) return kept(outcome.code);
-  const Reply parsed(reply.text);
-  const char* const level = parsed.text("level");
+  const char* const level = reply.text("level");
   if (level == nullptr) {
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 421,
-              "[%s][getLogLevel] json parse fail:%s", getClientName().c_str(), reply.text);
+              "[%s][getLogLevel] json parse fail:%s", getClientName().c_str(), reply.raw());
     return kept(result::kJsonErr);
   }
   return kept(copyExactText(out, outLen, level));

@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 #include "log/nlog.h"
 #include "service/reply.h"
@@ -14,7 +15,7 @@ constexpr double kWhole = 1;  // the three capacities stay in the service's unit
 constexpr double kThousandths = 1000;
 
 struct NumberField {
-  const char* member;
+  std::string_view member;
   std::size_t offset;  // of a little-endian signed 32-bit number
   double factor;
 };
@@ -28,7 +29,7 @@ constexpr NumberField kNumbers[] = {
 };
 
 struct TextField {
-  const char* member;
+  std::string_view member;
   std::size_t offset;
   std::size_t width;
 };
@@ -44,34 +45,35 @@ bool isResult(const char* text, const char* wanted) { return std::strcmp(text, w
 
 }  // namespace
 
-int FormatBaseInfo(const char* reply, char* record) {
-  const Reply parsed(reply);
-  if (!parsed.isJson()) {
+int FormatBaseInfo(const char* reply, char* record) { return FormatBaseInfo(Reply(reply), record); }
+
+int FormatBaseInfo(const Reply& reply, char* record) {
+  if (!reply.isJson()) {
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 28,
-              "[FormatBaseInfo] Json Parse fail, err:%d, [%s].", parsed.parseError(), reply);
+              "[FormatBaseInfo] Json Parse fail, err:%d, [%s].", reply.parseError(), reply.raw());
     return kExportFailed;
   }
-  const char* const result = parsed.text("result");
+  const char* const result = reply.text("result");
   if (result == nullptr) {
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelServiceError, 34,
-              "[FormatBaseInfo] no result:%s.", reply);
+              "[FormatBaseInfo] no result:%s.", reply.raw());
     return kExportFailed;
   }
   if (!isResult(result, "0")) {
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelServiceError, 39,
-              "[FormatBaseInfo] varn ret err:%s.", reply);
+              "[FormatBaseInfo] varn ret err:%s.", reply.raw());
     return kExportFailed;
   }
   char made[kBaseInfoSize] = {};
   for (const NumberField& field : kNumbers) {
-    const char* text = parsed.text(field.member);
+    const char* text = reply.text(field.member);
     if (text == nullptr) continue;
     // Some services mark the least weight with a colon.
-    if (isResult(field.member, "minRange") && text[0] == ':') ++text;
+    if (field.member == "minRange" && text[0] == ':') ++text;
     putNumber(made + field.offset, truncated(textToDouble(text) * field.factor));
   }
   for (const TextField& field : kTexts) {
-    const char* const text = parsed.text(field.member);
+    const char* const text = reply.text(field.member);
     if (text == nullptr) continue;
     std::memcpy(made + field.offset, text, std::min(std::strlen(text), field.width));
   }

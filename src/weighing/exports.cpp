@@ -4,6 +4,7 @@
 #include "api/call_frame.h"
 #include "api/context.h"
 #include "log/nlog.h"
+#include "service/reply.h"
 #include "service/reply_copy.h"
 #include "service/result_codes.h"
 #include "service/vco_client_api.h"
@@ -13,12 +14,8 @@ using namespace tolvex;
 
 namespace {
 
+// The longest reply that the reads take, in bytes.
 constexpr unsigned kReadSize = 1024;
-
-// One byte more than the client may fill, so that the text is terminated whatever comes.
-struct ReadBuffer {
-  char text[kReadSize + 1] = {};
-};
 
 struct TareBuffer {
   char text[kTareTextSize + 1] = {};
@@ -44,7 +41,7 @@ bool isWeightReply(unsigned code) {
 
 int read_baseinfo(char* record) {
   return guarded(kVerdictOfException, [&] {
-    ReadBuffer reply;
+    Reply reply;
     VcoClientApi* const client = libraryClient();
     NLog* const log = NLog::GetInstance();
     if (record == nullptr) {
@@ -52,30 +49,30 @@ int read_baseinfo(char* record) {
       return kExportFailed;
     }
     NLog::Log(log, kModuleDll, kLevelTrace, 371, "[%s][read_baseinfo] Enter", name(client));
-    const unsigned code = client->getBaseInfo(reply.text, kReadSize);
-    const int verdict = code == result::kOk ? FormatBaseInfo(reply.text, record) : kExportFailed;
+    const unsigned code = client->readBaseInfo(reply, kReadSize);
+    const int verdict = code == result::kOk ? FormatBaseInfo(reply, record) : kExportFailed;
     NLog::Log(log, kModuleDll, kLevelTrace, 376, "[%s][read_baseinfo] End, %d,%s", name(client),
-              verdict, reply.text);
+              verdict, reply.raw());
     return verdict;
   });
 }
 
 int read_standard(char* record) {
   return guarded(kVerdictOfException, [&] {
-    ReadBuffer reply;
+    Reply reply;
     VcoClientApi* const client = libraryClient();
     if (record == nullptr) {
       NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 388,
                 "[read_standard] Input param is NULL");
       return kExportFailed;
     }
-    const unsigned code = client->getWeight(reply.text, kReadSize);
+    const unsigned code = client->readWeight(reply, kReadSize);
     if (!isWeightReply(code)) {
       NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 401, "[%s][read_standard] Err:%d",
                 name(client), static_cast<int>(code));
       return kExportFailed;
     }
-    return WeightInfo(reply.text, highResolutionWeights(), record);
+    return WeightInfo(reply, highResolutionWeights(), record);
   });
 }
 

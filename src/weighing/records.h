@@ -7,6 +7,8 @@
 
 namespace tolvex {
 
+class Reply;
+
 constexpr std::size_t kBaseInfoSize = 64;
 constexpr std::size_t kWeightSize = 24;
 
@@ -17,6 +19,8 @@ constexpr int kExportOverLoad = -2;
 // Fills the record (kBaseInfoSize bytes) from a base-information reply and returns kExportOk. A
 // reply that is not JSON, or whose "result" is not exactly "0", is logged: kExportFailed, and the
 // record is not touched. Layout: tolvex_base_info in api/exports.h.
+int FormatBaseInfo(const Reply& reply, char* record);
+// The same for a reply's text.
 int FormatBaseInfo(const char* reply, char* record);
 
 // Fills the record (kWeightSize bytes) from a weight reply. Layout: tolvex_weight in
@@ -27,6 +31,8 @@ int FormatBaseInfo(const char* reply, char* record);
 //   kExportOverLoad   1004; the record is not touched
 //   kExportFailed     any other result, or a reply without one; logged, the record is not touched
 // highResolution chooses the member that the net weight is read from: "highResNet" or "net".
+int WeightInfo(const Reply& reply, bool highResolution, char* record);
+// The same for a reply's text.
 int WeightInfo(const char* reply, bool highResolution, char* record);
 
 }  // namespace tolvex

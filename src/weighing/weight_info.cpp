@@ -24,14 +24,14 @@ constexpr int kTareDecimals = 4;
 // A net weight of two digits before the point has room for four decimals, a wider one for three.
 int netDecimals(double net) { return net < -9.99999 || net > 99.9999 ? 3 : 4; }
 
-bool is(const char* text, const char* wanted) { return std::strcmp(text, wanted) == 0; }
+bool isText(const char* text, const char* wanted) { return std::strcmp(text, wanted) == 0; }
 
 char statusOf(const Reply& reply, std::int32_t code) {
   int status = code == result::kOk ? kStable : 0;
   const char* const zero = reply.text("zero");
-  if (zero != nullptr && is(zero, "1")) status |= kAtZero;
+  if (zero != nullptr && isText(zero, "1")) status |= kAtZero;
   const char* const tareType = reply.text("tareType");
-  if (tareType != nullptr && !is(tareType, "N")) status |= kTareActive;
+  if (tareType != nullptr && !isText(tareType, "N")) status |= kTareActive;
   return static_cast<char>(status);
 }
 
@@ -55,18 +55,21 @@ void buildRecord(const Reply& reply, std::int32_t code, bool highResolution, cha
 }  // namespace
 
 int WeightInfo(const char* reply, bool highResolution, char* record) {
-  const Reply parsed(reply);
-  if (!parsed.isJson()) {
+  return WeightInfo(Reply(reply), highResolution, record);
+}
+
+int WeightInfo(const Reply& reply, bool highResolution, char* record) {
+  if (!reply.isJson()) {
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 88, "[WeightInfo] Json Parse fail:%s",
-              reply);
+              reply.raw());
     return kExportFailed;
   }
-  if (parsed.text("result") == nullptr) {
+  if (reply.text("result") == nullptr) {
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 94, "[WeightInfo] no result:%s.",
-              reply);
+              reply.raw());
     return kExportFailed;
   }
-  const std::int32_t code = parsed.result();
+  const std::int32_t code = reply.result();
   switch (code) {
     case result::kUnderLoad:
       return kExportUnderLoad;
@@ -77,11 +80,11 @@ int WeightInfo(const char* reply, bool highResolution, char* record) {
       return kExportOk;
     case result::kOk:
     case result::kWeightNotStable:
-      buildRecord(parsed, code, highResolution, record);
+      buildRecord(reply, code, highResolution, record);
       return kExportOk;
     default:
       NLog::Log(NLog::GetInstance(), kModuleDll, kLevelServiceError, 112,
-                "[WeightInfo] varn ret err:%s.", reply);
+                "[WeightInfo] varn ret err:%s.", reply.raw());
       return kExportFailed;
   }
 }

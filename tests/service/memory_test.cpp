@@ -76,11 +76,10 @@ class PlainConnection final : public CTcpClient {
   const char* reply_;
 };
 
-// A reply whose parsed form is larger than what needs no heap.
-std::string manyValues() {
-  std::string text = R"({"result":"12","list":[1)";
-  for (int count = 0; count < 900; ++count) text += ",1";
-  return text + "]}";
+// A reply so deeply nested that parsing it needs the heap.
+std::string deeplyNested() {
+  constexpr std::size_t kDepth = 900;
+  return R"({"result":"12","list":)" + std::string(kDepth, '[') + std::string(kDepth, ']') + "}";
 }
 
 class OutOfMemory : public ::testing::Test {
@@ -109,7 +108,7 @@ class OutOfMemory : public ::testing::Test {
   }
 
   LogWatch log;
-  const std::string large = manyValues();
+  const std::string large = deeplyNested();
 };
 
 TEST_F(OutOfMemory, IsToldByTheEnvelope) {

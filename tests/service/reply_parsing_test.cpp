@@ -3,6 +3,9 @@
 #include <pthread.h>
 #include <rapidjson/document.h>
 
+#include <cstring>
+#include <iterator>
+#include <random>
 #include <string>
 
 #include "service/reply.h"
@@ -154,6 +157,65 @@ TEST(ReplyParsing, OfDeeplyNestedObjectsNeedsNoDeepStack) {
     text += "0" + std::string(301, '}');
     EXPECT_EQ(Reply(text.c_str()).result(), 12);
   });
+}
+
+// Text of pieces that a reply may be made of, in an order that makes no sense most of the time.
+std::string patchwork(std::mt19937& random) {
+  constexpr const char* kPieces[] = {"{",          "}",
+                                     R"("a":"b")", R"("result":"1005")",
+                                     ",",          ":",
+                                     R"("")",      R"("x")",
+                                     " ",          "\t",
+                                     "\r",         "\n",
+                                     "\x01",       "\"",
+                                     "\\",         R"("\n")",
+                                     "1",          "null",
+                                     "[]",         "[",
+                                     "]",          R"("a":1)",
+                                     "\xC3\xA9",   "true",
+                                     R"("a")",     R"("\u00e9":"\"")"};
+  std::string text = random() % 4 != 0 ? "{" : "";
+  for (auto count = random() % 8; count > 0; --count)
+    text += kPieces[random() % std::size(kPieces)];
+  return random() % 4 != 0 ? text + "}" : text;
+}
+
+// Plain replies are read by a way of their own, which must not be told from the general one.
+TEST(ReplyParsing, ReadsWhatThePlainParserReads) {
+  std::mt19937 random(20261122);
+  int good = 0;
+  for (int round = 0; round < 50000; ++round) {
+    const std::string text = patchwork(random);
+    const Reply reply(text.c_str());
+    rapidjson::Document plain;
+    plain.Parse(text.c_str());
+    ASSERT_EQ(reply.parseError(), static_cast<int>(plain.GetParseError())) << text;
+    if (!plain.HasParseError() && plain.IsObject()) ++good;
+    for (const char* const key : {"a", "result", "", "x", "\xC3\xA9"}) {
+      const bool isText = !plain.HasParseError() && plain.IsObject() && plain.HasMember(key) &&
+                          plain[key].IsString();
+      ASSERT_EQ(reply.text(key) != nullptr, isText) << text;
+      if (isText) {
+        ASSERT_STREQ(reply.text(key), plain[key].GetString()) << text;
+      }
+    }
+  }
+  EXPECT_GT(good, 2000);
+}
+
+TEST(ReplyParsing, TakesAsManyMembersAsFit) {
+  for (const char* const member : {R"("":"")", R"("":0)"}) {
+    std::string text = R"({"result":"9")";
+    while (text.size() + std::strlen(member) + 2 <= kReplyCapacity)
+      text += std::string(",") + member;
+    text += "}";
+    EXPECT_EQ(Reply(text.c_str()).result(), 9) << member;
+    EXPECT_FALSE(Reply((text.substr(0, text.size() - 1) + ",").c_str()).isJson()) << member;
+  }
+  std::string shortest = "{\"\":0";
+  while (shortest.size() + 5 <= kReplyCapacity) shortest += ",\"\":0";
+  EXPECT_FALSE(
+      Reply((shortest + std::string(kReplyCapacity - shortest.size(), ' ')).c_str()).isJson());
 }
 
 TEST(ReplyParsing, TakesAThousandMembers) {

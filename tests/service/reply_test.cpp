@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <limits>
 #include <string>
 
@@ -97,19 +98,24 @@ TEST(ReplyResult, IsTheFirstOfTwo) {
 }
 
 TEST(ReplyResult, IsReadFromTheBytesOfAReceive) {
-  ReplyText reply;
-  const std::string text = R"({"result":"1005"})";
-  text.copy(reply.text, text.size());
-  EXPECT_EQ(resultOf(reply), 1005);
+  Reply reply;
+  std::strcpy(reply.received().text, R"({"result":"1005"})");
+  reply.parse();
+  EXPECT_EQ(reply.result(), 1005);
+}
+
+TEST(ReplyResult, StaysWhenItIsParsedAgain) {
+  Reply reply(R"({"result":"1005"})");
+  std::strcpy(reply.received().text, R"({"result":"0"})");
+  reply.parse();
+  EXPECT_EQ(reply.result(), 1005);
 }
 
 TEST(ReplyResult, IsReadFromAReplyThatFillsTheBuffer) {
   const std::string before = R"({"result":"8","x":")";
   const std::string text = before + std::string(kReplyCapacity - before.size() - 2, 'y') + R"("})";
-  ReplyText reply;
   ASSERT_EQ(text.size(), kReplyCapacity);
-  text.copy(reply.text, text.size());
-  EXPECT_EQ(resultOf(reply), 8);
+  EXPECT_EQ(codeOf(text), 8);
 }
 
 TEST(ReplyMember, IsTheTextOfAString) {
