@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <cstdio>
 #include <cstring>
@@ -61,6 +62,26 @@ TEST(PrintWeight, EqualsPrintfForAnyBits) {
     double value;
     std::memcpy(&value, &bits, sizeof(value));
     if (value == value) expectAsPrintf(value);
+  }
+}
+
+// Where the plain way ends, and where it may not be sure how to round.
+TEST(PrintWeight, EqualsPrintfAroundEveryTie) {
+  for (int step = -40000; step <= 40000; ++step) {
+    const double tie = step * 0.0005 + 0.00005;
+    for (const double value : {tie, std::nextafter(tie, 1e9), std::nextafter(tie, -1e9)}) {
+      expectAsPrintf(value);
+    }
+  }
+}
+
+TEST(PrintWeight, EqualsPrintfForNumbersOfAnySize) {
+  std::mt19937_64 random(20261122);
+  for (int round = 0; round < 20000; ++round) {
+    const auto digits = static_cast<std::int64_t>(random() >> (random() % 60 + 4));
+    const double value = static_cast<double>(digits) / std::pow(10, random() % 9);
+    expectAsPrintf(value);
+    expectAsPrintf(-value);
   }
 }
 

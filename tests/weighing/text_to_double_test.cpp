@@ -161,6 +161,18 @@ TEST(TextToDouble, ReadsHexadecimalNumbers) {
   }
 }
 
+TEST(TextToDouble, ReadsNumbersOfAnyLength) {
+  std::mt19937 random(20261122);
+  for (int round = 0; round < 50000; ++round) {
+    std::string text = random() % 3 == 0 ? "-" : "";
+    for (auto count = random() % 20; count > 0; --count) text += "0123456789"[random() % 10];
+    if (random() % 4 != 0) text += '.';
+    for (auto count = random() % 12; count > 0; --count) text += "0123456789"[random() % 10];
+    if (random() % 10 == 0) text += "e k.-"[random() % 5];
+    expectAsStrtod(text);
+  }
+}
+
 TEST(TextToDouble, ReadsInfinityAndNan) {
   for (const char* const text :
        {"inf", "INF", "Inf", "-inf", "+inf", " inf", "infinity", "-INFINITY", "infinit", "infx",
