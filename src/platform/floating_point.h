@@ -16,13 +16,18 @@ namespace tolvex::platform {
 // The register itself: MinGW's fesetenv() does not give it all of what fegetenv() took.
 class DefaultFloatingPoint {
  public:
-  DefaultFloatingPoint() : host_(_mm_getcsr()) { _mm_setcsr(kDefault); }
-  ~DefaultFloatingPoint() { _mm_setcsr(host_); }
+  DefaultFloatingPoint() : host_(_mm_getcsr()) {
+    if ((host_ & ~kFlags) != kDefault) _mm_setcsr(kDefault);
+  }
+  ~DefaultFloatingPoint() {
+    if (_mm_getcsr() != host_) _mm_setcsr(host_);  // writing takes far longer than reading
+  }
   DefaultFloatingPoint(const DefaultFloatingPoint&) = delete;
   DefaultFloatingPoint& operator=(const DefaultFloatingPoint&) = delete;
 
  private:
   static constexpr unsigned kDefault = 0x1F80;
+  static constexpr unsigned kFlags = 0x3F;  // what has happened so far
   unsigned host_;
 };
 #else

@@ -60,6 +60,24 @@ TEST_F(PosixSocket, SignalsDoNotLengthenASendThatWaits) {
   release(other);
 }
 
+// Neither are they its end, nor do they begin it anew.
+TEST_F(PosixSocket, SignalsLeaveAWaitItsTime) {
+  connect();
+  struct sigaction action = {};
+  action.sa_handler = [](int) {};
+  sigaction(SIGALRM, &action, nullptr);
+  itimerval often = {};
+  often.it_interval.tv_usec = often.it_value.tv_usec = 3000;
+  setitimer(ITIMER_REAL, &often, nullptr);
+  constexpr std::chrono::milliseconds kWait(300);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(wait(socket_, static_cast<std::uint32_t>(kWait.count()), false).count, 0);
+  const auto took = std::chrono::steady_clock::now() - start;
+  setitimer(ITIMER_REAL, nullptr, nullptr);
+  EXPECT_GE(took, kWait);
+  EXPECT_LT(took, std::chrono::seconds(20));
+}
+
 TEST_F(PosixSocket, TranslatesABadDescriptor) {
   EXPECT_EQ(send(kInvalidSocket, &byte_, 1), -1);
   EXPECT_EQ(lastError(), 10009);

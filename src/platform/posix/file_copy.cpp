@@ -10,14 +10,14 @@
 namespace tolvex::platform {
 namespace {
 
-constexpr mode_t kPermissions = 0666;  // less what the user's umask takes away
+constexpr mode_t kCopyPermissions = 0666;  // less what the user's umask takes away
 
 class File {
  public:
   // Waits for nobody at the other end of a pipe or a device.
   File(const char* path, int flags) {
     do {
-      file_ = ::open(path, flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, kPermissions);
+      file_ = ::open(path, flags | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, kCopyPermissions);
     } while (file_ < 0 && errno == EINTR);
     isOrdinary_ = file_ >= 0 && fstat(file_, &status_) == 0 && S_ISREG(status_.st_mode);
   }

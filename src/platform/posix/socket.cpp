@@ -14,6 +14,8 @@
 #include <climits>
 #include <ctime>
 
+#include "platform/clock.h"
+
 namespace tolvex::platform::net {
 namespace {
 
@@ -77,16 +79,19 @@ std::int64_t millisecondsUntil(Clock::time_point deadline) {
   return std::max<std::int64_t>(left.count(), 0);
 }
 
-// poll() until the deadline, however often a signal interrupts it.
-int pollUntil(pollfd& entry, Clock::time_point deadline) {
-  // Rounded up, so that the wait does not end a fraction of a millisecond early.
-  std::int64_t left = millisecondsUntil(deadline);
+// poll() for so many milliseconds, however often a signal interrupts it. What is left after a signal is
+// told by the clock that costs nothing to read, and rounded up by its step.
+int pollFor(pollfd& entry, std::int64_t timeoutMs) {
+  constexpr std::int64_t kStepMs = 16;
+  const std::int64_t begin = coarseMilliseconds();
+  std::int64_t left = timeoutMs;
   for (;;) {
     const int slice = static_cast<int>(std::min<std::int64_t>(left, INT_MAX));
     const int count = poll(&entry, 1, slice);
     if (count > 0 || (count < 0 && errno != EINTR)) return count;
     if (count == 0 && slice == left) return 0;
-    left = millisecondsUntil(deadline);
+    const std::int64_t gone = std::max<std::int64_t>(coarseMilliseconds() - begin - kStepMs, 0);
+    left = std::max<std::int64_t>(timeoutMs - gone, 0);
   }
 }
 
@@ -94,7 +99,7 @@ int pollUntil(pollfd& entry, Clock::time_point deadline) {
 // the deadline, and behind that, or cannot be asked.
 bool waitForRoom(Socket socket, Clock::time_point deadline) {
   pollfd entry = {descriptor(socket), POLLOUT, 0};
-  const int count = noted(pollUntil(entry, deadline));
+  const int count = noted(pollFor(entry, millisecondsUntil(deadline)));
   if (count > 0 && Clock::now() < deadline) return true;
   if (lastErrorOfThread == 0 || lastErrorOfThread == kWouldBlock) lastErrorOfThread = kTimedOut;
   return false;
@@ -201,7 +206,7 @@ int connectTo(Socket socket, std::uint32_t hostOrderAddress, std::uint16_t port)
 
 Readiness wait(Socket socket, std::uint32_t timeoutMs, bool forWrite) {
   pollfd entry = {descriptor(socket), static_cast<short>(forWrite ? POLLOUT : POLLIN), 0};
-  const int count = noted(pollUntil(entry, Clock::now() + std::chrono::milliseconds(timeoutMs)));
+  const int count = noted(pollFor(entry, timeoutMs));
   // The system lacks memory; it is no wait that would block, which is to be begun again.
   if (count < 0 && lastErrorOfThread == kWouldBlock) lastErrorOfThread = kNoBuffers;
   if (count < 1) return {count, false, false};
