@@ -1,5 +1,6 @@
 #include "support/scarce_memory.h"
 
+#include <algorithm>
 #include <array>
 #include <atomic>
 #include <cstdint>
@@ -18,6 +19,8 @@ struct Plan {
   std::size_t failing;
   std::size_t allocations;
   std::size_t failures;
+  std::size_t bytes;
+  std::size_t largest;
 };
 
 thread_local Plan plan = {};
@@ -77,8 +80,10 @@ Blocks blocks;
 
 namespace account {
 
-bool mayAllocate() {
+bool mayAllocate(std::size_t bytes) {
   if (!plan.watching) return true;
+  plan.bytes += bytes;
+  plan.largest = std::max(plan.largest, bytes);
   const std::size_t number = ++plan.allocations;
   if (plan.failing == ScarceMemory::kNever) return true;
   if (plan.fromThenOn ? number < plan.failing : number != plan.failing) return true;
@@ -111,12 +116,16 @@ void systemEnds(bool failed) {
 }  // namespace account
 
 ScarceMemory::ScarceMemory(std::size_t failing, bool fromThenOn) {
-  plan = {true, fromThenOn, failing, 0, 0};
+  plan = {true, fromThenOn, failing, 0, 0, 0, 0};
 }
 
 ScarceMemory::~ScarceMemory() { plan.watching = false; }
 
 std::size_t ScarceMemory::allocations() const { return plan.allocations; }
+
+std::size_t ScarceMemory::bytes() const { return plan.bytes; }
+
+std::size_t ScarceMemory::largest() const { return plan.largest; }
 
 std::size_t ScarceMemory::failures() const { return plan.failures; }
 

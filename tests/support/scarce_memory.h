@@ -20,6 +20,8 @@ class ScarceMemory {
   ScarceMemory& operator=(const ScarceMemory&) = delete;
 
   std::size_t allocations() const;  // those that failed included
+  std::size_t bytes() const;        // of all of them together, freed or not
+  std::size_t largest() const;      // the bytes of the largest one
   std::size_t failures() const;
 };
 

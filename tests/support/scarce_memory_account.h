@@ -5,8 +5,8 @@
 
 namespace tolvex::test::account {
 
-// Asked before an allocation: whether it may be made.
-bool mayAllocate();
+// Asked before an allocation of so many bytes: whether it may be made.
+bool mayAllocate(std::size_t bytes);
 // Told of a block that was made, and of one before it is freed or changes its size. Null is none.
 void made(const void* block);
 void gone(const void* block);

@@ -21,8 +21,8 @@ Function* systems(const char* name, Function*& kept) {
 }
 
 template <typename Call>
-void* allocated(Call call) {
-  if (!mayAllocate()) {
+void* allocated(size_t bytes, Call call) {
+  if (!mayAllocate(bytes)) {
     errno = ENOMEM;
     return nullptr;
   }
@@ -38,17 +38,17 @@ extern "C" {
 
 void* malloc(size_t size) {
   static void* (*real)(size_t) = nullptr;
-  return allocated([&] { return systems("malloc", real)(size); });
+  return allocated(size, [&] { return systems("malloc", real)(size); });
 }
 
 void* calloc(size_t count, size_t size) {
   static void* (*real)(size_t, size_t) = nullptr;
-  return allocated([&] { return systems("calloc", real)(count, size); });
+  return allocated(count * size, [&] { return systems("calloc", real)(count, size); });
 }
 
 void* realloc(void* block, size_t size) {
   static void* (*real)(void*, size_t) = nullptr;
-  return allocated([&] {
+  return allocated(size, [&] {
     gone(block);
     return systems("realloc", real)(block, size);
   });
@@ -56,12 +56,12 @@ void* realloc(void* block, size_t size) {
 
 void* aligned_alloc(size_t alignment, size_t size) {
   static void* (*real)(size_t, size_t) = nullptr;
-  return allocated([&] { return systems("aligned_alloc", real)(alignment, size); });
+  return allocated(size, [&] { return systems("aligned_alloc", real)(alignment, size); });
 }
 
 void* memalign(size_t alignment, size_t size) {
   static void* (*real)(size_t, size_t) = nullptr;
-  return allocated([&] { return systems("memalign", real)(alignment, size); });
+  return allocated(size, [&] { return systems("memalign", real)(alignment, size); });
 }
 
 int posix_memalign(void** block, size_t alignment, size_t size) {

@@ -16,8 +16,8 @@ using account::made;
 using account::mayAllocate;
 
 template <typename Call>
-auto allocated(Call call) -> decltype(call()) {
-  if (!mayAllocate()) {
+auto allocated(size_t bytes, Call call) -> decltype(call()) {
+  if (!mayAllocate(bytes)) {
     errno = ENOMEM;
     return nullptr;
   }
@@ -27,22 +27,22 @@ auto allocated(Call call) -> decltype(call()) {
 }
 
 void* scarceMalloc(size_t size) {
-  return allocated([&] { return malloc(size); });
+  return allocated(size, [&] { return malloc(size); });
 }
 
 void* scarceCalloc(size_t count, size_t size) {
-  return allocated([&] { return calloc(count, size); });
+  return allocated(count * size, [&] { return calloc(count, size); });
 }
 
 void* scarceRealloc(void* block, size_t size) {
-  return allocated([&] {
+  return allocated(size, [&] {
     gone(block);
     return realloc(block, size);
   });
 }
 
 char* scarceStrdup(const char* text) {
-  return allocated([&] { return _strdup(text); });
+  return allocated(strlen(text) + 1, [&] { return _strdup(text); });
 }
 
 void countedFree(void* block) {
