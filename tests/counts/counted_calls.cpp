@@ -15,6 +15,12 @@ constexpr bool kWide = true;
 constexpr bool kWide = false;
 #endif
 
+constexpr HeapUse kNothing = {0, 0, 0};
+// A line is queued in two allocations: its UTF-8, and the copy in the queue.
+constexpr HeapUse kOfQueuedLines = {200, kWide ? 13200 : 8400, kWide ? 88 : 42};
+constexpr HeapUse kOfPrintedLines = {100, 4200, 42};
+constexpr HeapUse kOfALineByWidth = {4, kWide ? 223 : 175, kWide ? 88 : 66};
+
 constexpr unsigned kReplySize = 2050;
 constexpr unsigned kWaitMs = 40000;
 
@@ -51,28 +57,30 @@ void prepareJob(const Exports& library) {
 const std::vector<CountedCall>& countedCalls() {
   // Exchanges, records of a log at its defaults, and allocations, their bytes and the largest one.
   static const std::vector<CountedCall> calls = {
-      {"read_standard", nullptr, TOLVEX_RUN(read_standard(reply())), TOLVEX_OK, 1, 1, {0, 0, 0}},
-      {"read_baseinfo", nullptr, TOLVEX_RUN(read_baseinfo(reply())), TOLVEX_OK, 1, 2, {0, 0, 0}},
-      {"set_tare_bykey", nullptr, TOLVEX_RUN(set_tare_bykey(reply())), TOLVEX_OK, 1, 2, {0, 0, 0}},
-      {"send_pre_tare", nullptr, TOLVEX_RUN(send_pre_tare(tareText())), TOLVEX_OK, 1, 2, {0, 0, 0}},
-      {"clear_tare", nullptr, TOLVEX_RUN(clear_tare(reply())), TOLVEX_OK, 1, 2, {0, 0, 0}},
+      {"read_standard", nullptr, TOLVEX_RUN(read_standard(reply())), TOLVEX_OK, 1, 1, kNothing},
+      {"read_baseinfo", nullptr, TOLVEX_RUN(read_baseinfo(reply())), TOLVEX_OK, 1, 2, kNothing},
+      {"set_tare_bykey", nullptr, TOLVEX_RUN(set_tare_bykey(reply())), TOLVEX_OK, 1, 2, kNothing},
+      {"send_pre_tare", nullptr, TOLVEX_RUN(send_pre_tare(tareText())), TOLVEX_OK, 1, 2, kNothing},
+      {"clear_tare", nullptr, TOLVEX_RUN(clear_tare(reply())), TOLVEX_OK, 1, 2, kNothing},
       {"sendRawCmdToLC", nullptr, TOLVEX_RUN(sendRawCmdToLC("anything", "1", reply(), kReplySize, kWaitMs)),
-       TOLVEX_RESULT_OK, 1, 0, {0, 0, 0}},
-      {"getLCVersion", nullptr, TOLVEX_RUN(getLCVersion(reply(), kReplySize)), TOLVEX_RESULT_OK, 1, 0, {0, 0, 0}},
-      {"sendRawCmdToPrt", nullptr, TOLVEX_RUN(sendRawCmdToPrt("ticket", "anything", 7, "1", reply(), kReplySize, kWaitMs)),
-       TOLVEX_RESULT_OK, 1, 1, {0, 0, 0}},
-      {"printTextById", nullptr, TOLVEX_RUN(printTextById(kLine, 24, 1)), TOLVEX_RESULT_OK, 1, 0, {0, 0, 0}},
-      {"feedPaper", nullptr, TOLVEX_RUN(feedPaper()), TOLVEX_OK, 1, 2, {0, 0, 0}},
-      {"GetPrinterList", nullptr, TOLVEX_RUN(GetPrinterList(reply(), kReplySize)), TOLVEX_OK, 1, 2, {0, 0, 0}},
-      {"getPrinterVersion", nullptr, TOLVEX_RUN(getPrinterVersion(reply(), kReplySize, "ticket")), TOLVEX_OK, 1, 2, {0, 0, 0}},
-      {"GetPrinterStatus", nullptr, TOLVEX_RUN(GetPrinterStatus(1)), TOLVEX_RESULT_OK, 1, 0, {0, 0, 0}},
-      {"checkConnection", nullptr, TOLVEX_RUN(checkConnection()), 1, 1, 0, {0, 0, 0}},
-      {"PrintText, 100 lines", emptyTheJob, queueLines, TOLVEX_OK, 0, 100, {200, kWide ? 13200U : 8400U, kWide ? 88U : 42U}},
-      {"BeginPrint of 100 lines", prepareJob, TOLVEX_RUN(BeginPrint(0)), TOLVEX_OK, 101, 2, {100, 4200, 42}},
+       TOLVEX_RESULT_OK, 1, 0, kNothing},
+      {"getLCVersion", nullptr, TOLVEX_RUN(getLCVersion(reply(), kReplySize)), TOLVEX_RESULT_OK, 1, 0, kNothing},
+      {"sendRawCmdToPrt", nullptr,
+       TOLVEX_RUN(sendRawCmdToPrt("ticket", "anything", 7, "1", reply(), kReplySize, kWaitMs)), TOLVEX_RESULT_OK, 1, 1, kNothing},
+      {"printTextById", nullptr, TOLVEX_RUN(printTextById(kLine, 24, 1)), TOLVEX_RESULT_OK, 1, 0, kNothing},
+      {"feedPaper", nullptr, TOLVEX_RUN(feedPaper()), TOLVEX_OK, 1, 2, kNothing},
+      {"GetPrinterList", nullptr, TOLVEX_RUN(GetPrinterList(reply(), kReplySize)), TOLVEX_OK, 1, 2, kNothing},
+      {"getPrinterVersion", nullptr,
+       TOLVEX_RUN(getPrinterVersion(reply(), kReplySize, "ticket")), TOLVEX_OK, 1, 2, kNothing},
+      {"GetPrinterStatus", nullptr, TOLVEX_RUN(GetPrinterStatus(1)), TOLVEX_RESULT_OK, 1, 0, kNothing},
+      {"checkConnection", nullptr, TOLVEX_RUN(checkConnection()), 1, 1, 0, kNothing},
+      {"PrintText, 100 lines", emptyTheJob, queueLines, TOLVEX_OK, 0, 100, kOfQueuedLines},
+      {"BeginPrint of 100 lines", prepareJob, TOLVEX_RUN(BeginPrint(0)), TOLVEX_OK, 101, 2, kOfPrintedLines},
       // By the logger's way for texts of any length: the header is one record, the text another.
-      {"PrintTextByPaperWidth", emptyTheJob, TOLVEX_RUN(PrintTextByPaperWidth(kLine, 24, 72)), TOLVEX_OK, 0, 2, {4, kWide ? 223U : 175U, kWide ? 88U : 66U}},
+      {"PrintTextByPaperWidth", emptyTheJob,
+       TOLVEX_RUN(PrintTextByPaperWidth(kLine, 24, 72)), TOLVEX_OK, 0, 2, kOfALineByWidth},
       // It does nothing but log it; in a log that keeps nothing it is a record that is rejected.
-      {"one record", nullptr, TOLVEX_RUN(PrintText("", 24)), TOLVEX_OK, 0, 1, {0, 0, 0}},
+      {"one record", nullptr, TOLVEX_RUN(PrintText("", 24)), TOLVEX_OK, 0, 1, kNothing},
   };
   return calls;
 }
