@@ -8,20 +8,21 @@
 // Time is the thread's own on the processor: a long job would otherwise be charged with all that
 // the machine does meanwhile, a short one seldom.
 //
-// usage: print_job_bench [PAIRS]
+// usage: print_job_bench [PAIRS [--json]]
 #include <cstdio>
 #include <cstring>
 #include <ctime>
+#include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
-#include "support/allocation_counter.h"
 #include "printing/drain.h"
 #include "printing/queue_text.h"
+#include "service/vco_client_api.h"
+#include "support/allocation_counter.h"
 #include "support/program.h"
 #include "support/quantile.h"
-#include "service/vco_client_api.h"
 #include "support/state_folder.h"
 
 namespace {
@@ -79,12 +80,44 @@ double printed(const std::string& text, std::size_t lines) {
 }
 
 double allocationsPerLine(const std::string& text, std::size_t lines) {
-  const long before = bench::allocations();
+  bench::startCountingAllocations();
   printed(text, lines);
-  return static_cast<double>(bench::allocations() - before) / static_cast<double>(lines);
+  return static_cast<double>(bench::countedAllocations().count) / static_cast<double>(lines);
 }
 
-void measure(std::size_t pairs) {
+struct Figures {
+  double few, many, longOne;  // microseconds
+  double ratio, lower, upper;
+  double allocations;  // for each line
+};
+
+std::string asText(const Figures& figures, std::size_t pairs) {
+  char text[512];
+  std::snprintf(text, sizeof(text),
+                "pairs of jobs               %zu\n"
+                "1,000 lines, median         %.1f us\n"
+                "10,000 lines, median        %.1f us\n"
+                "ratio, median [quartiles]   %.2f [%.2f, %.2f], 10 is linear\n"
+                "allocations per line        %.3f\n"
+                "one line of 1 MB, median    %.1f us\n",
+                pairs, figures.few, figures.many, figures.ratio, figures.lower, figures.upper,
+                figures.allocations, figures.longOne);
+  return text;
+}
+
+std::string asJson(const Figures& figures, std::size_t pairs) {
+  const nlohmann::ordered_json json = {{"pairs", pairs},
+                                       {"few_us", figures.few},
+                                       {"many_us", figures.many},
+                                       {"ratio", figures.ratio},
+                                       {"lower", figures.lower},
+                                       {"upper", figures.upper},
+                                       {"allocations_per_line", figures.allocations},
+                                       {"long_us", figures.longOne}};
+  return json.dump() + '\n';
+}
+
+std::string measure(std::size_t pairs, bool json) {
   const bench::StateFolder state;
   const std::string few = ticket(kFewLines);
   const std::string many = ticket(kManyLines);
@@ -94,7 +127,6 @@ void measure(std::size_t pairs) {
     printed(many, kManyLines);
     printed(longLine, 1);
   }
-
   std::vector<double> a, b, ratios, c;
   for (std::size_t pair = 0; pair < pairs; ++pair) {
     a.push_back(printed(few, kFewLines));
@@ -102,16 +134,15 @@ void measure(std::size_t pairs) {
     c.push_back(printed(longLine, 1));
     ratios.push_back(b.back() / a.back());
   }
-
   using bench::quantile;
-  std::printf("pairs of jobs               %zu\n", pairs);
-  std::printf("1,000 lines, median         %.1f us\n", quantile(a, 0.5));
-  std::printf("10,000 lines, median        %.1f us\n", quantile(b, 0.5));
-  std::printf("ratio, median [quartiles]   %.2f [%.2f, %.2f], 10 is linear\n",
-              quantile(ratios, 0.5), quantile(ratios, 0.25), quantile(ratios, 0.75));
-  std::printf("allocations per line        %.3f of 1,000, %.3f of 10,000\n",
-              allocationsPerLine(few, kFewLines), allocationsPerLine(many, kManyLines));
-  std::printf("one line of 1 MB, median    %.1f us\n", quantile(c, 0.5));
+  const Figures figures{quantile(a, 0.5),
+                        quantile(b, 0.5),
+                        quantile(c, 0.5),
+                        quantile(ratios, 0.5),
+                        quantile(ratios, 0.25),
+                        quantile(ratios, 0.75),
+                        allocationsPerLine(many, kManyLines)};
+  return json ? asJson(figures, pairs) : asText(figures, pairs);
 }
 
 }  // namespace

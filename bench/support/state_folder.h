@@ -1,29 +1,29 @@
 // Where a benchmark's logger writes.
 #pragma once
 
-#include <stdlib.h>
-
-#include <filesystem>
-#include <stdexcept>
+#include <cstdint>
 #include <string>
-#include <system_error>
 
 namespace bench {
+
+enum class Logging { kDefault, kSilenced };
 
 // A temporary folder in place of the user's own, from the making of this object to its end.
 class StateFolder {
  public:
-  StateFolder() {
-    path_ = (std::filesystem::temp_directory_path() / "tolvex_bench.XXXXXX").string();
-    if (mkdtemp(path_.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    setenv("XDG_STATE_HOME", path_.c_str(), 1);
-  }
-  ~StateFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
+  // Silenced: with an NLog.ini that lets through only what no call of a benchmark logs.
+  explicit StateFolder(Logging logging = Logging::kDefault);
+  ~StateFolder();
   StateFolder(const StateFolder&) = delete;
   StateFolder& operator=(const StateFolder&) = delete;
+
+  // The folder itself, and the one of the library's log in it.
+  const std::string& path() const { return path_; }
+  std::string logFolder() const { return path_ + "/varn/log"; }
+
+  // What the log files hold at the moment: their bytes, or all of the text, file after file.
+  std::uint64_t logSize() const;
+  std::string logText() const;
 
  private:
   std::string path_;
