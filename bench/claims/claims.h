@@ -40,6 +40,7 @@ Figure allocationCount(const Setting& setting);
 Figure largestAllocation(const Setting& setting);
 Figure tail(const Setting& setting, Logging logging);
 Figure load(const Setting& setting);
+Figure loadFromC(const Setting& setting);
 
 constexpr double kNoLimit = -1;
 

@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <stdexcept>
 
 #include "claims/claims.h"
@@ -14,32 +15,51 @@
 namespace bench {
 namespace {
 
-// Milliseconds that the work takes in a fresh process.
+// The number that a fresh process writes to the descriptor that work(descriptor) gets. What work does must
+// not return.
 template <typename Work>
-double inFreshProcess(Work&& work) {
+double toldByFreshProcess(Work&& work) {
   int ends[2];
   if (pipe(ends) != 0) throw std::runtime_error("no pipe");
   const int process = fork();
   if (process < 0) throw std::runtime_error("no further process");
   if (process == 0) {
+    work(ends[1]);
+    _exit(1);
+  }
+  close(ends[1]);
+  double told = 0;
+  const ssize_t size = read(ends[0], &told, sizeof(told));
+  close(ends[0]);
+  waitpid(process, nullptr, 0);
+  if (size != sizeof(told)) throw std::runtime_error("a fresh process failed");
+  return told;
+}
+
+// Milliseconds that the work takes there.
+template <typename Work>
+double inFreshProcess(Work&& work) {
+  return toldByFreshProcess([&work](int output) {
     try {
       const double time = timedBatch(1, work) / 1000;
-      if (write(ends[1], &time, sizeof(time)) < 0) _exit(1);
+      _exit(write(output, &time, sizeof(time)) == sizeof(time) ? 0 : 1);
     } catch (const std::exception& failure) {
       std::fprintf(stderr, "%s\n", failure.what());
     }
-    _exit(0);
-  }
-  close(ends[1]);
-  double time = 0;
-  const ssize_t size = read(ends[0], &time, sizeof(time));
-  close(ends[0]);
-  waitpid(process, nullptr, 0);
-  if (size != sizeof(time)) throw std::runtime_error("a fresh process failed");
-  return time;
+  });
 }
 
-// The program is linked with the library's own needs (the C++ run-time library), which are loaded by then.
+// The same of a program in C, which has to load the C++ run-time library as well.
+double inProgramInC(const std::string& library, const std::string& address) {
+  const std::string program =
+      (std::filesystem::canonical("/proc/self/exe").parent_path() / "first_weight").string();
+  return toldByFreshProcess([&](int output) {
+    execl(program.c_str(), program.c_str(), library.c_str(), address.c_str(),
+          std::to_string(output).c_str(), static_cast<char*>(nullptr));
+  });
+}
+
+// This program has the C++ run-time library already.
 void loadAndRead(const std::string& path, const std::string& address) {
   readWeight(loadLibrary(path, address));
 }
@@ -51,16 +71,14 @@ void connectAndExchange(const FixedService& service) {
   }
 }
 
-}  // namespace
-
-Figure load(const Setting& setting) {
+// The library, by loadAndReadFrom(address), and the bare exchanges, each in a fresh process, in turns.
+template <typename LoadAndRead>
+Figure beyondBare(const Setting& setting, LoadAndRead&& loadAndReadFrom) {
   constexpr int kWarmUpProcesses = 10;
   const StateFolder state;
   const Cores cores = pinned(setting.cores);
   const FixedService service(kWeightReply, cores.service);
-  const auto library = [&] {
-    return inFreshProcess([&] { loadAndRead(setting.library, service.address()); });
-  };
+  const auto library = [&] { return loadAndReadFrom(service.address()); };
   const auto bare = [&] { return inFreshProcess([&] { connectAndExchange(service); }); };
   for (int count = 0; count < kWarmUpProcesses; ++count) {
     library();
@@ -76,6 +94,19 @@ Figure load(const Setting& setting) {
   figure.value = medians[0] - medians[1];
   figure.details = {{"library_ms", medians[0]}, {"bare_ms", medians[1]}};
   return figure;
+}
+
+}  // namespace
+
+Figure load(const Setting& setting) {
+  return beyondBare(setting, [&](const std::string& address) {
+    return inFreshProcess([&] { loadAndRead(setting.library, address); });
+  });
+}
+
+Figure loadFromC(const Setting& setting) {
+  return beyondBare(
+      setting, [&](const std::string& address) { return inProgramInC(setting.library, address); });
 }
 
 }  // namespace bench

@@ -40,6 +40,8 @@ const std::vector<Claim>& claims() {
        [](const Setting& setting) { return tail(setting, Logging::kDefault); }},
       {"load", "from dlopen to the first weight, beyond", "two bare connections and exchanges",
        "ms", 2, 300, false, load},
+      {"load_from_c", "the same in a program in C, beyond", "two bare connections and exchanges",
+       "ms", kNoLimit, 300, false, loadFromC},
       {"long_reply", "sendRawCmdToLC, reply of 2 KiB, log silenced", "bare send, wait and receive",
        "x", kNoLimit, kPairs, false, longReply},
   };
