@@ -64,11 +64,11 @@ def measure(options):
     return [summed_up(row, done) for row, done in zip(rows, runs)]
 
 
-DECIMALS = {"x": 3, "ns": 1, "ms": 2, "bytes": 0, "": 2}
+DECIMALS = {"x": 3, "ns": 1, "ms": 2, "bytes": 0}
 
 
 def shown(value, unit):
-    text = f"{value:.{DECIMALS[unit]}f}"
+    text = f"{value:.{DECIMALS[unit]}f}" if unit else f"{value:.3g}"
     return text if unit in ("x", "") else f"{text} {unit}"
 
 

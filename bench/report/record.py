@@ -16,13 +16,19 @@ def markdown(head, rows):
         yield "| " + " | ".join(row) + " |"
 
 
+def times(row):
+    """The medians of the library and of what it is held against."""
+    medians = {name: value for name, value in row["details"].items() if name.endswith(("_us", "_ms")) and "_p99" not in name}
+    return [f"{medians[name]:.4g} {name[-2:]}" for name in sorted(medians, key=lambda name: not name.startswith("library"))]
+
+
 def claims_table(rows):
     def full(row):
-        name, figure, spread, limit, reached = claims.cells(row)
-        return [f"`{name}`" if row["cores"] == 1 else f"`{row['claim']}`, two cores", row["what"], row["against"] or "-",
-                figure, spread, limit, reached]
+        _, figure, spread, limit, reached = claims.cells(row)
+        name = f"`{row['claim']}`" + ("" if row["cores"] == 1 else ", two cores")
+        return [name, figure, spread, limit, reached, *(times(row) or ["-", "-"])]
 
-    return markdown(["claim", "measured", "against", "figure", "spread", "at most", "reached"], map(full, rows))
+    return markdown(["claim", "figure", "spread", "at most", "reached", "library", "counterpart"], map(full, rows))
 
 
 def short_table(rows):
@@ -32,8 +38,8 @@ def short_table(rows):
             row = {**row, "what": f"{row['what']}, against {row['against']}"}
         elif row["against"]:
             row = {**row, "what": f"{row['what']} {row['against']}"}
-        _, figure, _, limit, _ = claims.cells(row)
-        yield [row["what"], figure, limit]
+        _, figure, _, limit, reached = claims.cells(row)
+        yield [row["what"], figure, limit, reached]
 
 
 def replace(path, name, lines):
@@ -51,7 +57,7 @@ def write(root, results):
     measured = ["", f"Measured {machine.sentence(results['machine'])}"]
     if "claims" in results:
         replace(performance, "claims", [*claims_table(results["claims"]), *measured])
-        rows = markdown(["measured", "figure", "at most"], short_table(results["claims"]))
+        rows = markdown(["measured", "figure", "at most", "reached"], short_table(results["claims"]))
         replace(root / README, "speed", rows)
     if "micro" in results:
         rows = markdown(["part", "time", "spread"], map(micro.cells, results["micro"]))
