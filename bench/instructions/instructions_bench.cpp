@@ -12,13 +12,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
-#include <filesystem>
-#include <fstream>
 #include <stdexcept>
 #include <string>
 
+#include "support/fixed_service.h"
 #include "support/state_folder.h"
-#include "support/weight_service.h"
 
 namespace {
 
@@ -104,27 +102,19 @@ void measure(const Kind& kind) {
   end_of_measurement(kind.name, kind.rounds * kind.callsOfARound * kind.unitsOfACall);
 }
 
-void silenceTheLog() {
-  const std::filesystem::path state = std::getenv("XDG_STATE_HOME");
-  for (const char* const folder : {"varn/log", "corvane/log"}) {
-    std::filesystem::create_directories(state / folder);
-    std::ofstream(state / folder / "NLog.ini") << "DLL=7\nSocket=7\n";
-  }
-}
-
 void run(const std::string& command, const char* address) {
   if (command == "service") {
-    const bench::WeightService service(address);
+    const bench::FixedService service(bench::kWeightReply, -1, address);
     std::puts("ready");
     std::fflush(stdout);
     while (std::getchar() != EOF) continue;
     return;
   }
-  const bench::StateFolder state;
-  if (command == "silent") silenceTheLog();
+  const bool silent = command == "silent";
+  const bench::StateFolder state(silent ? bench::Logging::kSilenced : bench::Logging::kDefault);
   check(SetServerIpForRemoteAccess(address), TOLVEX_OK);
   for (const Kind& kind : kOfAnyLog) measure(kind);
-  if (command == "silent") return;
+  if (silent) return;
   for (const Kind& kind : kOfTheDefaultLog) measure(kind);
 }
 

@@ -49,13 +49,6 @@ int checked(int result, const char* what) {
   return result;
 }
 
-// An address of this machine that no other run uses.
-std::string privateAddress() {
-  const auto id = static_cast<unsigned>(getpid());
-  return "127." + std::to_string(100 + (id >> 16) % 100) + '.' + std::to_string(id >> 8 & 255) +
-         '.' + std::to_string(1 + id % 254);
-}
-
 sockaddr_in socketAddress(const std::string& address, std::uint16_t port) {
   sockaddr_in result = {};
   result.sin_family = AF_INET;
@@ -118,8 +111,14 @@ const char kWeightReply[] =
     R"("tareType":"T","unit":"kg","stable":"1","unitPrice":"0.00","total":"0.00"})";
 const char kAgreedReply[] = R"({"result":"0"})";
 
-FixedService::FixedService(std::string reply, int core)
-    : address_(privateAddress()), reply_(std::move(reply)), recording_(sharedRecording()) {
+std::string FixedService::privateAddress() {
+  const auto id = static_cast<unsigned>(getpid());
+  return "127." + std::to_string(100 + (id >> 16) % 100) + '.' + std::to_string(id >> 8 & 255) +
+         '.' + std::to_string(1 + id % 254);
+}
+
+FixedService::FixedService(std::string reply, int core, std::string address)
+    : address_(std::move(address)), reply_(std::move(reply)), recording_(sharedRecording()) {
   const int weighing = listenOn(address_, kWeighingPort);
   const int printing = listenOn(address_, kPrintingPort);
   int ends[2];

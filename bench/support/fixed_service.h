@@ -21,15 +21,18 @@ struct SharedRecording;
 // Ends with this object, or with its process.
 class FixedService {
  public:
-  // Listens at a loopback address of this process's own. The service runs on the given core, or
-  // where its maker runs when that is negative. Throws std::system_error.
-  explicit FixedService(std::string reply, int core = -1);
+  // Listens at this address, or at a loopback address of this process's own. The service runs on the
+  // given core, or where its maker runs when that is negative. Throws std::system_error.
+  explicit FixedService(std::string reply, int core = -1, std::string address = privateAddress());
   ~FixedService();
   FixedService(const FixedService&) = delete;
   FixedService& operator=(const FixedService&) = delete;
 
   const std::string& address() const { return address_; }
   const std::string& reply() const { return reply_; }
+
+  // One that no other process takes.
+  static std::string privateAddress();
 
   // Between the two, what arrives is kept: one text for each receive of the service, in order.
   // More than there is room for (a megabyte) makes the second one throw.
