@@ -43,7 +43,7 @@ unsigned drainPrintJob(VcoClientApi& client, int printerType) {
   PrintJobRecord record = queue.takeNext();
   if (record.kind == PrintJobKind::kNone) return client.keepAsLastError(result::kUnknown);
   unsigned code = result::kOk;
-  for (; record.kind != PrintJobKind::kNone && code == result::kOk; record = queue.takeNext()) {
+  for (; record.kind != PrintJobKind::kNone && code == result::kOk; queue.takeNext(record)) {
     code = sendRecord(client, record, printerType, code);
   }
   return client.keepAsLastError(code);

@@ -1,5 +1,8 @@
 // Printing text: queued for BeginPrint, or at once.
 #include <algorithm>
+#include <cstring>
+#include <string>
+#include <string_view>
 
 #include "api/exports.h"
 #include "log/nlog.h"
@@ -69,8 +72,10 @@ int PrintTextByPaperWidth(const char* text, unsigned int fontSize, unsigned int 
                 "[PrintTextByPaperWidth] Input param len is 0");
       return kExportOk;
     }
-    NLog::LogString(log, kModuleDll, kLevelTrace, 555,
-                    std::string("[PrintTextByPaperWidth] ") + text);
+    constexpr std::string_view kHead = "[PrintTextByPaperWidth] ";
+    std::string record;
+    record.reserve(kHead.size() + std::strlen(text));
+    NLog::LogString(log, kModuleDll, kLevelTrace, 555, record.append(kHead).append(text));
     const int verdict = checkFontSize(fontSize);
     if (verdict == kExportOk) {
       queueText(client->printJob(), PrintJobKind::kTextByWidth,

@@ -53,7 +53,13 @@ void PrintJobBuffer::makeRoomFor(std::uint64_t size) {
 
 PrintJobRecord PrintJobBuffer::takeNext() {
   PrintJobRecord next;
-  if (readOffset_ >= writeOffset_) return next;
+  takeNext(next);
+  return next;
+}
+
+void PrintJobBuffer::takeNext(PrintJobRecord& next) {
+  next.kind = PrintJobKind::kNone;
+  if (readOffset_ >= writeOffset_) return;
   const char* const record = data_.get() + readOffset_;
   const std::uint32_t length = load(record + 4, 4);
   next.payload.assign(record + kHeaderSize, length - kHeaderSize);
@@ -61,7 +67,6 @@ PrintJobRecord PrintJobBuffer::takeNext() {
   next.param1 = static_cast<std::uint16_t>(load(record + 8, 2));
   next.param2 = static_cast<std::uint16_t>(load(record + 10, 2));
   readOffset_ += length;
-  return next;
 }
 
 void PrintJobBuffer::reset() { count_ = readOffset_ = writeOffset_ = 0; }

@@ -34,8 +34,10 @@ class PrintJobBuffer {
   void append(PrintJobKind kind, std::uint16_t param1, std::uint16_t param2,
               std::string_view payload);
 
-  // Takes the next record; kNone when there is none left.
+  // Takes the next record; kNone when there is none left. The second form uses the memory that the
+  // record has.
   PrintJobRecord takeNext();
+  void takeNext(PrintJobRecord& next);
 
   bool isEmpty() const { return count_ == 0; }  // no record since the last reset, taken or not
   void reset();                                 // drops all records, keeps the memory

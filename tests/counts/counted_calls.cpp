@@ -16,10 +16,12 @@ constexpr bool kWide = false;
 #endif
 
 constexpr HeapUse kNothing = {0, 0, 0};
-// A line is queued in two allocations: its UTF-8, and the copy in the queue.
-constexpr HeapUse kOfQueuedLines = {200, kWide ? 13200 : 8400, kWide ? 88 : 42};
-constexpr HeapUse kOfPrintedLines = {100, 4200, 42};
-constexpr HeapUse kOfALineByWidth = {4, kWide ? 223 : 175, kWide ? 88 : 66};
+// A line that is queued takes its UTF-8, and what it is made by.
+constexpr HeapUse kOfQueuedLines = {kWide ? 200 : 100, kWide ? 13200 : 4200, kWide ? 88 : 42};
+// All lines of a job are taken from the queue into the same memory.
+constexpr HeapUse kOfPrintedLines = {1, 42, 42};
+// As above, and the text that is logged.
+constexpr HeapUse kOfALineByWidth = {kWide ? 3 : 2, kWide ? 198 : 108, kWide ? 88 : 66};
 
 constexpr unsigned kReplySize = 2050;
 constexpr unsigned kWaitMs = 40000;

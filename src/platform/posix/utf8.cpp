@@ -29,6 +29,8 @@ struct Piece {
   bool isCharacter;
 };
 
+bool isAscii(char c) { return static_cast<unsigned char>(c) < 0x80; }
+
 // The character at the text's beginning, or as much as would have to be replaced.
 Piece firstPiece(const char* text, std::size_t size) {
   const auto byte = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
@@ -53,6 +55,10 @@ std::string repairedUtf8(const char* text, std::size_t size) {
   repaired.reserve(size);
   std::size_t copied = 0;
   for (std::size_t at = 0; at < size;) {
+    if (isAscii(text[at])) {
+      ++at;
+      continue;
+    }
     const Piece piece = firstPiece(text + at, size - at);
     if (!piece.isCharacter) {
       repaired.append(text + copied, at - copied).append(kReplacement);
@@ -60,7 +66,8 @@ std::string repairedUtf8(const char* text, std::size_t size) {
     }
     at += piece.length;
   }
-  return repaired.append(text + copied, size - copied);
+  repaired.append(text + copied, size - copied);
+  return repaired;
 }
 
 }  // namespace tolvex::platform
