@@ -1,0 +1,102 @@
+// What a print job costs, by its lines: queueing them, then BeginPrint, and the memory it takes.
+#include <unistd.h>
+
+#include <cstdio>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "child.h"
+#include "curve.h"
+#include "fixed_service.h"
+#include "library.h"
+#include "place.h"
+#include "process_figures.h"
+#include "spread.h"
+#include "support/state_folder.h"
+#include "support/weight_service.h"
+
+namespace bench::scale {
+namespace {
+
+constexpr int kTicket = 0;  // the job type
+constexpr unsigned kFontSize = 24;
+constexpr long kMostLines = 100000;
+constexpr long kWarmUpLines = 100;
+
+void queueLines(const Library& library, long lines) {
+  char text[64];
+  for (long line = 1; line <= lines; ++line) {
+    std::snprintf(text, sizeof(text), "%06ld Tomatoes on the vine  1.250 kg   3.49", line);
+    if (library.printText(text, kFontSize) != TOLVEX_OK) {
+      throw std::runtime_error("a line was refused");
+    }
+  }
+}
+
+// Prints one job in this fresh process, after a short one that warms it up.
+nlohmann::json printJob(const Equipment& equipment, const std::string& address, long lines) {
+  const StateFolder state;
+  const FixedService service(address, WeightService::kReply);
+  const Library library(equipment.library);
+  library.use(address);
+  queueLines(library, kWarmUpLines);
+  if (library.beginPrint(kTicket) != TOLVEX_OK) throw std::runtime_error("no job goes through");
+  const std::uint64_t before = service.arrivals().lines;
+  resetPeak();
+  const double resident = memoryOf(getpid()).resident;
+
+  const double start = now();
+  queueLines(library, lines);
+  const double queued = now();
+  if (library.beginPrint(kTicket) != TOLVEX_OK) throw std::runtime_error("the job failed");
+  const double printed = now();
+
+  const Arrivals& arrivals = service.arrivals();
+  if (arrivals.lines - before != static_cast<std::uint64_t>(lines) || arrivals.misplaced != 0) {
+    throw std::runtime_error("not every line arrived in its place");
+  }
+  return {{"queue", queued - start},
+          {"print", printed - queued},
+          {"memory", memoryOf(getpid()).peak - resident}};
+}
+
+long repetitionsFor(long lines, bool quick) {
+  if (quick) return 3;
+  return lines <= 10000 ? 21 : 7;
+}
+
+nlohmann::json measurePoint(const Equipment& equipment, const std::string& address, long lines) {
+  std::vector<double> queue, print, memory;
+  const long repetitions = repetitionsFor(lines, equipment.quick);
+  for (long count = 0; count < repetitions; ++count) {
+    const nlohmann::json job = inFreshProcess([&] { return printJob(equipment, address, lines); });
+    queue.push_back(job["queue"].get<double>() / static_cast<double>(lines));
+    print.push_back(job["print"].get<double>() / static_cast<double>(lines));
+    memory.push_back(job["memory"]);
+  }
+  return {{"lines", lines},
+          {"repetitions", repetitions},
+          {"queue_per_line", spread(queue)},
+          {"print_per_line", spread(print)},
+          {"memory", spread(memory)}};
+}
+
+}  // namespace
+
+nlohmann::json measureJobs(const Equipment& equipment) {
+  pinToOneCore();
+  const std::string address = privateAddress();
+  nlohmann::json points = nlohmann::json::array();
+  const long most = equipment.quick ? 1000 : kMostLines;
+  for (long lines = 10; lines <= most; lines *= 10) {
+    points.push_back(measurePoint(equipment, address, lines));
+    if (lines * 3 <= most) points.push_back(measurePoint(equipment, address, lines * 3));
+  }
+  return {{"setting",
+           "Jobs of numbered lines of 44 bytes, each job in a fresh process; library and service "
+           "on one core"},
+          {"points", points}};
+}
+
+}  // namespace bench::scale

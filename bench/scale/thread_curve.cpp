@@ -1,0 +1,167 @@
+// What a call costs where several threads make them: the calls of one connection wait for each other.
+#include <atomic>
+#include <functional>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "child.h"
+#include "curve.h"
+#include "fixed_service.h"
+#include "library.h"
+#include "place.h"
+#include "spread.h"
+#include "support/quantile.h"
+#include "support/state_folder.h"
+#include "support/weight_service.h"
+
+namespace bench::scale {
+namespace {
+
+constexpr unsigned kTicketPrinter = 1;
+constexpr unsigned kFontSize = 24;
+constexpr int kThreads[] = {1, 2, 4, 8, 16};
+constexpr int kWarmUpCalls = 500;
+
+// How one trial goes.
+struct Trial {
+  int threads;
+  bool mixed;     // every second thread prints
+  bool oneCore;   // for both ends; else all that there are
+  double length;  // microseconds
+};
+
+// What one thread does until the time is over.
+class Caller {
+ public:
+  Caller(const Library& library, bool prints) : library_(library), prints_(prints) {}
+
+  void call() {
+    char record[24];
+    const bool good = prints_ ? library_.printNow("Tomatoes", kFontSize, kTicketPrinter) == 0
+                              : library_.readStandard(record) == TOLVEX_OK;
+    if (!good) failed_ = true;
+  }
+  void callUntil(double end) {
+    times_.reserve(1000000);
+    for (double start = now(); start < end;) {
+      call();
+      const double done = now();
+      times_.push_back(done - start);
+      start = done;
+    }
+  }
+  bool failed() const { return failed_; }
+  bool prints() const { return prints_; }
+  const std::vector<double>& times() const { return times_; }
+
+ private:
+  const Library& library_;
+  const bool prints_;
+  bool failed_ = false;
+  std::vector<double> times_;
+};
+
+// Returns the time from the first call to the end of the last one.
+double runTogether(std::vector<Caller>& callers, double length) {
+  std::atomic<bool> go{false};
+  std::atomic<double> begin{0};
+  std::vector<std::thread> threads;
+  for (Caller& caller : callers) {
+    threads.emplace_back([&] {
+      while (!go) std::this_thread::yield();
+      caller.callUntil(begin + length);
+    });
+  }
+  begin = now();
+  go = true;
+  for (std::thread& thread : threads) thread.join();
+  return now() - begin;
+}
+
+void checkArrivals(const std::vector<Caller>& callers, std::uint64_t weighing,
+                   std::uint64_t printing) {
+  std::uint64_t weighed = 0, printed = 0;
+  for (const Caller& caller : callers) {
+    if (caller.failed()) throw std::runtime_error("a call failed");
+    (caller.prints() ? printed : weighed) += caller.times().size();
+  }
+  if (weighed != weighing || printed != printing) {
+    throw std::runtime_error("the service did not see each call once");
+  }
+}
+
+nlohmann::json runTrial(const Equipment& equipment, const std::string& address,
+                        const Trial& trial) {
+  if (trial.oneCore) pinToOneCore();
+  const StateFolder state;
+  const FixedService service(address, WeightService::kReply);
+  const Library library(equipment.library);
+  library.use(address);
+  std::vector<Caller> callers;
+  for (int i = 0; i < trial.threads; ++i) callers.emplace_back(library, trial.mixed && i % 2 == 1);
+  for (int i = 0; i < kWarmUpCalls; ++i)
+    callers[static_cast<std::size_t>(i % trial.threads)].call();
+  const std::uint64_t weighing = service.arrivals().weighing;
+  const std::uint64_t printing = service.arrivals().printing;
+
+  const double took = runTogether(callers, trial.length);
+  checkArrivals(callers, service.arrivals().weighing - weighing,
+                service.arrivals().printing - printing);
+  std::vector<double> times;
+  double fewest = 1e9, most = 0;
+  for (const Caller& caller : callers) {
+    times.insert(times.end(), caller.times().begin(), caller.times().end());
+    const auto calls = static_cast<double>(caller.times().size());
+    fewest = std::min(fewest, calls);
+    most = std::max(most, calls);
+  }
+  return {{"rate", static_cast<double>(times.size()) / took * 1e6},
+          {"p50", quantile(times, 0.5)},
+          {"p99", quantile(times, 0.99)},
+          {"longest", quantile(times, 1)},
+          {"unevenness", most / std::max(fewest, 1.0)}};
+}
+
+nlohmann::json measurePoint(const Equipment& equipment, const std::string& address,
+                            const Trial& trial) {
+  const int repetitions = equipment.quick ? 2 : 7;
+  nlohmann::json point = {{"threads", trial.threads},
+                          {"calls", trial.mixed ? "half weighing, half printing" : "weighing"},
+                          {"cores", trial.oneCore ? "one" : "all"},
+                          {"repetitions", repetitions}};
+  std::vector<nlohmann::json> trials;
+  for (int count = 0; count < repetitions; ++count) {
+    trials.push_back(inFreshProcess([&] { return runTrial(equipment, address, trial); }));
+  }
+  for (const char* figure : {"rate", "p50", "p99", "longest", "unevenness"}) {
+    std::vector<double> values;
+    for (const nlohmann::json& one : trials) values.push_back(one[figure]);
+    point[figure] = spread(values);
+  }
+  return point;
+}
+
+}  // namespace
+
+nlohmann::json measureThreads(const Equipment& equipment) {
+  const std::string address = privateAddress();
+  const double length = equipment.quick ? 0.1e6 : 0.6e6;
+  nlohmann::json points = nlohmann::json::array();
+  for (const bool oneCore : {true, false}) {
+    for (const bool mixed : {false, true}) {
+      for (const int threads : kThreads) {
+        if (mixed && threads == 1) continue;
+        if (equipment.quick && threads > 4) continue;
+        points.push_back(measurePoint(equipment, address, {threads, mixed, oneCore, length}));
+      }
+    }
+  }
+  return {{"setting",
+           "Threads that call without a pause for 0.6 s, in a fresh process each time; library "
+           "and service on one core, or on all"},
+          {"points", points}};
+}
+
+}  // namespace bench::scale
