@@ -58,7 +58,7 @@ void silenceStandardOutput() {
 
 nlohmann::json inFreshProcess(const std::function<nlohmann::json()>& work) {
   int ends[2];
-  if (pipe(ends) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
+  if (pipe2(ends, O_CLOEXEC) != 0) throw std::system_error(errno, std::generic_category(), "pipe");
   std::fflush(stdout);
   const pid_t process = fork();
   if (process < 0) throw std::system_error(errno, std::generic_category(), "fork");

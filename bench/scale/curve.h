@@ -10,7 +10,13 @@ namespace bench::scale {
 struct Equipment {
   std::string library;    // the built library, loaded at run time
   std::string simulator;  // the built simulator
-  bool quick = false;     // a point or two of each curve, to see whether it works
+  bool quick = false;     // a few points with few repetitions, to see whether it works
+  long only = 0;  // the one point to measure, by its lines, bytes, threads or clients; 0: all
+
+  // Whether a point is to be measured; the last one that is quick to do.
+  bool takes(long point, long lastQuick) const {
+    return only != 0 ? point == only : !quick || point <= lastQuick;
+  }
 };
 
 // Each returns {"setting": what was measured and how, "points": [...]}, times in microseconds and

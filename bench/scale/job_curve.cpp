@@ -21,7 +21,7 @@ namespace {
 
 constexpr int kTicket = 0;  // the job type
 constexpr unsigned kFontSize = 24;
-constexpr long kMostLines = 100000;
+constexpr long kLines[] = {10, 30, 100, 300, 1000, 3000, 10000, 30000, 100000};
 constexpr long kWarmUpLines = 100;
 
 void queueLines(const Library& library, long lines) {
@@ -88,10 +88,8 @@ nlohmann::json measureJobs(const Equipment& equipment) {
   pinToOneCore();
   const std::string address = privateAddress();
   nlohmann::json points = nlohmann::json::array();
-  const long most = equipment.quick ? 1000 : kMostLines;
-  for (long lines = 10; lines <= most; lines *= 10) {
-    points.push_back(measurePoint(equipment, address, lines));
-    if (lines * 3 <= most) points.push_back(measurePoint(equipment, address, lines * 3));
+  for (const long lines : kLines) {
+    if (equipment.takes(lines, 1000)) points.push_back(measurePoint(equipment, address, lines));
   }
   return {{"setting",
            "Jobs of numbered lines of 44 bytes, each job in a fresh process; library and service "

@@ -1,6 +1,6 @@
 // How the cost of what the library does grows with what it is given.
 //
-// usage: scale_bench CURVE [--json] [--library PATH] [--simulator PATH] [--quick]
+// usage: scale_bench CURVE [--json] [--library PATH] [--simulator PATH] [--quick] [--only N]
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
@@ -45,7 +45,7 @@ void print(const nlohmann::json& curve) {
 
 int main(int argc, char** argv) {
   CLI::App app("Measures how cost grows along a curve.");
-  Equipment equipment = {"build/linux/bin/libtolvex_dll.so", "build/linux/bin/zelkad-sim", false};
+  Equipment equipment = {"build/linux/bin/libtolvex_dll.so", "build/linux/bin/zelkad-sim"};
   std::string name;
   bool json = false;
   app.add_option("curve", name, "job, reply, threads, clients or log")
@@ -55,6 +55,7 @@ int main(int argc, char** argv) {
   app.add_option("--library", equipment.library, "The library")->check(CLI::ExistingFile);
   app.add_option("--simulator", equipment.simulator, "The simulator")->check(CLI::ExistingFile);
   app.add_flag("--quick", equipment.quick, "A few points with few repetitions: does it work?");
+  app.add_option("--only", equipment.only, "One point: so many lines, bytes, threads or clients");
   CLI11_PARSE(app, argc, argv);
   try {
     nlohmann::json curve = kCurves.at(name)(equipment);

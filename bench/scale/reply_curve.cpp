@@ -138,6 +138,7 @@ nlohmann::json measureReplies(const Equipment& equipment) {
   nlohmann::json points = nlohmann::json::array();
   for (const std::size_t size : kSizes) {
     if (replyOf(size).size() != size) throw std::logic_error("a reply of another size");
+    if (!equipment.takes(static_cast<long>(size), 2048)) continue;
     points.push_back(measurePoint(equipment, address, size));
   }
   return {{"setting",

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,6 +14,7 @@ namespace bench::scale {
 namespace {
 
 [[noreturn]] void becomeSimulator(const std::string& path, const std::string& address, int output) {
+  prctl(PR_SET_PDEATHSIG, SIGTERM);  // it goes with whoever measures, however that ends
   dup2(output, STDOUT_FILENO);
   execl(path.c_str(), path.c_str(), "--address", address.c_str(), "--no-web", "--quiet", "--load",
         "1.25", "--settling", "0", static_cast<char*>(nullptr));

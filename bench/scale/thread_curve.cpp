@@ -152,8 +152,7 @@ nlohmann::json measureThreads(const Equipment& equipment) {
   for (const bool oneCore : {true, false}) {
     for (const bool mixed : {false, true}) {
       for (const int threads : kThreads) {
-        if (mixed && threads == 1) continue;
-        if (equipment.quick && threads > 4) continue;
+        if ((mixed && threads == 1) || !equipment.takes(threads, 4)) continue;
         points.push_back(measurePoint(equipment, address, {threads, mixed, oneCore, length}));
       }
     }
