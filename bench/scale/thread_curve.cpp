@@ -124,42 +124,52 @@ nlohmann::json runTrial(const Equipment& equipment, const std::string& address,
           {"unevenness", most / std::max(fewest, 1.0)}};
 }
 
-nlohmann::json measurePoint(const Equipment& equipment, const std::string& address,
-                            const Trial& trial) {
-  const int repetitions = equipment.quick ? 2 : 7;
+// The trials of one point in one, figure by figure.
+nlohmann::json pointOf(const Trial& trial, const std::vector<nlohmann::json>& outcomes) {
   nlohmann::json point = {{"threads", trial.threads},
                           {"calls", trial.mixed ? "half weighing, half printing" : "weighing"},
                           {"cores", trial.oneCore ? "one" : "all"},
-                          {"repetitions", repetitions}};
-  std::vector<nlohmann::json> trials;
-  for (int count = 0; count < repetitions; ++count) {
-    trials.push_back(inFreshProcess([&] { return runTrial(equipment, address, trial); }));
-  }
+                          {"repetitions", outcomes.size()}};
   for (const char* figure : {"rate", "p50", "p99", "longest", "unevenness"}) {
     std::vector<double> values;
-    for (const nlohmann::json& one : trials) values.push_back(one[figure]);
+    for (const nlohmann::json& outcome : outcomes) values.push_back(outcome[figure]);
     point[figure] = spread(values);
   }
   return point;
+}
+
+std::vector<Trial> planTrials(const Equipment& equipment) {
+  const double length = equipment.quick ? 0.1e6 : 0.6e6;
+  std::vector<Trial> trials;
+  for (const bool oneCore : {true, false}) {
+    for (const bool mixed : {false, true}) {
+      for (const int threads : kThreads) {
+        if ((mixed && threads == 1) || !equipment.takes(threads, 4)) continue;
+        trials.push_back({threads, mixed, oneCore, length});
+      }
+    }
+  }
+  return trials;
 }
 
 }  // namespace
 
 nlohmann::json measureThreads(const Equipment& equipment) {
   const std::string address = privateAddress();
-  const double length = equipment.quick ? 0.1e6 : 0.6e6;
-  nlohmann::json points = nlohmann::json::array();
-  for (const bool oneCore : {true, false}) {
-    for (const bool mixed : {false, true}) {
-      for (const int threads : kThreads) {
-        if ((mixed && threads == 1) || !equipment.takes(threads, 4)) continue;
-        points.push_back(measurePoint(equipment, address, {threads, mixed, oneCore, length}));
-      }
+  const std::vector<Trial> trials = planTrials(equipment);
+  std::vector<std::vector<nlohmann::json>> outcomes(trials.size());
+  const int repetitions = equipment.quick ? 2 : 7;
+  for (int count = 0; count < repetitions; ++count) {
+    for (std::size_t i = 0; i < trials.size(); ++i) {
+      outcomes[i].push_back(
+          inFreshProcess([&] { return runTrial(equipment, address, trials[i]); }));
     }
   }
+  nlohmann::json points = nlohmann::json::array();
+  for (std::size_t i = 0; i < trials.size(); ++i) points.push_back(pointOf(trials[i], outcomes[i]));
   return {{"setting",
-           "Threads that call without a pause for 0.6 s, in a fresh process each time; library "
-           "and service on one core, or on all"},
+           "Threads that call without a pause for 0.6 s, in a fresh process each time, all points "
+           "in turns; library and service on one core, or on all"},
           {"points", points}};
 }
 
