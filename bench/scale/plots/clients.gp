@@ -1,5 +1,5 @@
 set terminal svg size 820,700 dynamic enhanced font "sans-serif,13" linewidth 1.2 background "#ffffff"
-set multiplot layout 2,2 margins 0.085,0.985,0.105,0.94 spacing 0.11,0.2
+set multiplot layout 2,2 margins 0.1,0.985,0.105,0.94 spacing 0.125,0.2
 set xlabel "clients, a process each"
 set logscale x
 set xrange [0.8:650]
@@ -12,7 +12,7 @@ set title "Time of a call"
 set ylabel "ms (median, quartiles of the trials)"
 set logscale y
 set format y "%g"
-set yrange [0.005:*]
+set yrange [0.005:1000]
 set key at graph 0.02,0.97
 plot table using 1:($11/1e3):($12/1e3):($13/1e3) with yerrorlines linestyle 3 title "longest", \
      table using 1:($8/1e3):($9/1e3):($10/1e3) with yerrorlines linestyle 2 title "99 %", \

@@ -1,11 +1,11 @@
-set multiplot layout 1,1 margins 0.085,0.985,0.19,0.89
+set multiplot layout 1,1 margins 0.1,0.985,0.19,0.89
 set title "A record of the log, until the ring of ten files is full and emptied"
 set xlabel "MiB in the ring"
 set xrange [-1:53]
 set xtics 5
-set ylabel "µs"
+set ylabel "µs a record"
 set logscale y
-set format y "%g"
+set format y "10^{%T}"
 set yrange [0.5:100000]
 set key at graph 0.02,0.97 maxrows 3 width -2
 plot table index 0 using ($1/1048576):2:3:4 with yerrorlines linestyle 1 title "median (quartiles of the turns)", \
