@@ -122,7 +122,7 @@ END
 # What of docs/ and examples/ users need: not what is for work on the library itself.
 is_for_users() {
   case $1 in
-    docs/development.md | docs/performance.md | examples/CMakeLists.txt) return 1 ;;
+    docs/development.md | docs/performance.md | docs/scale.md | examples/CMakeLists.txt) return 1 ;;
     docs/*/*) return 1 ;;
     docs/*.md | docs/*.png | docs/*.svg | examples/* | sim/README.md | bindings/*/README.md | CHANGELOG.md) return 0 ;;
     *) return 1 ;;
