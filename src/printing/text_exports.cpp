@@ -1,8 +1,6 @@
 // Printing text: queued for BeginPrint, or at once.
 #include <algorithm>
-#include <cstring>
 #include <string>
-#include <string_view>
 
 #include "api/exports.h"
 #include "log/nlog.h"
@@ -72,10 +70,8 @@ int PrintTextByPaperWidth(const char* text, unsigned int fontSize, unsigned int 
                 "[PrintTextByPaperWidth] Input param len is 0");
       return kExportOk;
     }
-    constexpr std::string_view kHead = "[PrintTextByPaperWidth] ";
-    std::string record;
-    record.reserve(kHead.size() + std::strlen(text));
-    NLog::LogString(log, kModuleDll, kLevelTrace, 555, record.append(kHead).append(text));
+    NLog::LogString(log, kModuleDll, kLevelTrace, 555,
+                    std::string("[PrintTextByPaperWidth] ") + text);
     const int verdict = checkFontSize(fontSize);
     if (verdict == kExportOk) {
       queueText(client->printJob(), PrintJobKind::kTextByWidth,

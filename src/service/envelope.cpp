@@ -78,7 +78,7 @@ Envelope& Envelope::add(const char* key, int value) {
 void Envelope::addString(const char* text) {
   const std::size_t length = std::strlen(text);
   // Of a short text nobody counts what it takes.
-  const bool fits = length * kLongestEscape <= capacity_ - size_ - kAround - kEnd;
+  const bool fits = size_ + length * kLongestEscape + kAround + kEnd <= capacity_;
   if (!fits) reserve(escapedSize(text, length));
   char* at = bytes_ + size_;
   *at++ = '"';

@@ -21,7 +21,7 @@ constexpr HeapUse kOfQueuedLines = {kWide ? 200 : 100, kWide ? 13200 : 4200, kWi
 // All lines of a job are taken from the queue into the same memory.
 constexpr HeapUse kOfPrintedLines = {1, 42, 42};
 // As above, and the text that is logged.
-constexpr HeapUse kOfALineByWidth = {kWide ? 3 : 2, kWide ? 198 : 108, kWide ? 88 : 66};
+constexpr HeapUse kOfALineByWidth = {kWide ? 4 : 3, kWide ? 223 : 133, kWide ? 88 : 66};
 
 constexpr unsigned kReplySize = 2050;
 constexpr unsigned kWaitMs = 40000;

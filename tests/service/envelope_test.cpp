@@ -49,6 +49,29 @@ TEST(Envelope, WritesTheExtremesOfThirtyTwoBits) {
   EXPECT_EQ(withNumber(std::numeric_limits<int>::max()), holding("2147483647"));
 }
 
+TEST(Envelope, GrowsWithWhateverIsAdded) {
+  for (std::size_t length = 0; length < 2200; ++length) {
+    const std::string value(length, 'x');
+    Envelope request("c");
+    request.add("a", value.c_str()).add("b", "y").add("c", value.c_str()).add("d", -1).add("", "");
+    const std::string expected =
+        R"({"cmd":"c","a":")" + value + R"(","b":"y","c":")" + value + R"(","d":"-1","":""})";
+    ASSERT_EQ(request.text(), expected);
+    ASSERT_EQ(request.length(), expected.size());
+  }
+}
+
+TEST(Envelope, GrowsWithEscapes) {
+  for (std::size_t length = 0; length < 400; ++length) {
+    const std::string value(length, '\x01');
+    std::string escaped;
+    for (std::size_t count = 0; count < length; ++count) escaped += "\\u0001";
+    Envelope request("c");
+    request.add("a", value.c_str()).add("b", "\"");
+    ASSERT_EQ(request.text(), R"({"cmd":"c","a":")" + escaped + R"(","b":"\""})");
+  }
+}
+
 TEST(Envelope, TakesANullTextAsEmpty) { EXPECT_EQ(withText(nullptr), holding("")); }
 
 TEST(Envelope, KeepsAnEmptyText) { EXPECT_EQ(withText(""), holding("")); }
