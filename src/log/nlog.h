@@ -72,7 +72,8 @@ class NLog {
   void LoadConfig();
   void rename(const char* name);
   bool passes(const char* module, int level);
-  void write(const char* module, int level, unsigned line, const char* format, va_list arguments);
+  void write(const char* module, int level, unsigned line, const char* format, va_list arguments)
+      TOLVEX_PRINTF_FORMAT(5, 0);
   // Where the threshold of a module is at hand without a look-up; null of a tag that is not one of ours
   // above.
   std::atomic<std::int64_t>* atHand(const char* module);

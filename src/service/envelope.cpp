@@ -70,8 +70,8 @@ Envelope& Envelope::add(const char* key, const char* value) {
 }
 
 Envelope& Envelope::add(const char* key, int value) {
-  char digits[12];
-  *std::to_chars(digits, digits + sizeof(digits) - 1, value).ptr = '\0';
+  char digits[12] = {};
+  std::to_chars(digits, digits + sizeof(digits) - 1, value);
   return add(key, digits);
 }
 
