@@ -32,11 +32,11 @@ void printQueued(const Library& library) {
   }
 }
 
-std::vector<std::string> requestsOfAJob(const Library& library, FixedService& service) {
+std::vector<std::string> requestsOfAJob(const Library& library, const FixedService& service) {
   queueLines(library);
-  service.startRecording();
+  service.watch().startRecording();
   printQueued(library);
-  std::vector<std::string> requests = service.recorded();
+  std::vector<std::string> requests = service.watch().recorded();
   if (requests.size() != kRequests || requests[0].find("1000 Tomatoes") == std::string::npos ||
       requests[kLines - 1].find("1999 Tomatoes") == std::string::npos) {
     throw std::runtime_error("a job does not send what it should");
@@ -49,7 +49,7 @@ std::vector<std::string> requestsOfAJob(const Library& library, FixedService& se
 Figure beginPrint(const Setting& setting, Logging logging) {
   const StateFolder state(logging);
   const Cores cores = pinned(setting.cores);
-  FixedService service(kAgreedReply, cores.service);
+  const FixedService service(kAgreedReply, cores.service);
   const Library library = loadLibrary(setting.library, service.address());
   const std::vector<std::string> requests = requestsOfAJob(library, service);
   const int connection = connectTo(service.address(), kPrintingPort);

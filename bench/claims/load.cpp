@@ -1,51 +1,37 @@
 // What a program waits for its first weight.
-#include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <exception>
+#include <cstring>
 #include <filesystem>
+#include <functional>
 #include <stdexcept>
 
 #include "claims/claims.h"
 #include "support/cores.h"
 #include "support/fixed_service.h"
+#include "support/fresh_process.h"
 #include "support/library.h"
 
 namespace bench {
 namespace {
 
-// The number that a fresh process writes to the descriptor that work(descriptor) gets. What work does must
-// not return.
-template <typename Work>
-double toldByFreshProcess(Work&& work) {
-  int ends[2];
-  if (pipe(ends) != 0) throw std::runtime_error("no pipe");
-  const int process = fork();
-  if (process < 0) throw std::runtime_error("no further process");
-  if (process == 0) {
-    work(ends[1]);
-    _exit(1);
-  }
-  close(ends[1]);
-  double told = 0;
-  const ssize_t size = read(ends[0], &told, sizeof(told));
-  close(ends[0]);
-  waitpid(process, nullptr, 0);
-  if (size != sizeof(told)) throw std::runtime_error("a fresh process failed");
-  return told;
+// The number that a fresh process tells.
+double numberTold(const std::function<void(int output)>& work) {
+  const std::string told = toldByFreshProcess(work);
+  double number = 0;
+  if (told.size() != sizeof(number)) throw std::runtime_error("a fresh process told no number");
+  std::memcpy(&number, told.data(), sizeof(number));
+  return number;
 }
 
 // Milliseconds that the work takes there.
 template <typename Work>
 double inFreshProcess(Work&& work) {
-  return toldByFreshProcess([&work](int output) {
-    try {
-      const double time = timedBatch(1, work) / 1000;
-      _exit(write(output, &time, sizeof(time)) == sizeof(time) ? 0 : 1);
-    } catch (const std::exception& failure) {
-      std::fprintf(stderr, "%s\n", failure.what());
-    }
+  return numberTold([&work](int output) {
+    const double time = timedBatch(1, work) / 1000;
+    char bytes[sizeof(time)];
+    std::memcpy(bytes, &time, sizeof(time));
+    writeAll(output, bytes, sizeof(bytes));
   });
 }
 
@@ -53,9 +39,10 @@ double inFreshProcess(Work&& work) {
 double inProgramInC(const std::string& library, const std::string& address) {
   const std::string program =
       (std::filesystem::canonical("/proc/self/exe").parent_path() / "first_weight").string();
-  return toldByFreshProcess([&](int output) {
+  return numberTold([&](int output) {
     execl(program.c_str(), program.c_str(), library.c_str(), address.c_str(),
           std::to_string(output).c_str(), static_cast<char*>(nullptr));
+    throw std::runtime_error("cannot start " + program);
   });
 }
 

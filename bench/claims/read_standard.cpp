@@ -92,8 +92,7 @@ Figure readStandardLogged(const Setting& setting) {
 
 Figure longReply(const Setting& setting) {
   constexpr std::size_t kLength = 2048;
-  std::string reply = R"({"result":"0","data":")";
-  reply.append(kLength - reply.size() - 2, 'x').append("\"}");
+  const std::string reply = replyOfLength(kLength);
   const StateFolder state(Logging::kSilenced);
   const WarmCall warm(setting, reply, [&reply](const Library& library) {
     char buffer[kLength + 1] = {};

@@ -19,9 +19,9 @@ WarmCall::WarmCall(const Setting& setting, const std::string& reply, Call call)
       call_(std::move(call)),
       connection_(connectTo(service_.address(), kWeighingPort)) {
   WarmCall::call();  // the first one does more
-  service_.startRecording();
+  service_.watch().startRecording();
   WarmCall::call();
-  const std::vector<std::string> requests = service_.recorded();
+  const std::vector<std::string> requests = service_.watch().recorded();
   if (requests.size() != 1) throw std::runtime_error("a call is not one exchange");
   request_ = requests.front();
   for (int count = 0; count < kWarmUpCalls; ++count) {

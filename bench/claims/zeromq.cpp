@@ -11,13 +11,12 @@
 namespace bench {
 namespace {
 
-constexpr char kAnyPort[] = "tcp://127.0.0.1:*";
-
 // A REP socket in a process of its own that gives the same answer to everything. It has to be made
 // before this process has a context of ZeroMQ, whose threads a fork would not take along.
 class ZeromqService {
  public:
-  ZeromqService(const std::string& reply, int core) {
+  ZeromqService(const std::string& reply, int core)
+      : anyPort_("tcp://" + FixedService::privateAddress() + ":*") {
     int ends[2];
     if (pipe(ends) != 0) throw std::runtime_error("no pipe");
     parent_ = getpid();
@@ -48,7 +47,7 @@ class ZeromqService {
       zmq::context_t context;
       zmq::socket_t socket(context, zmq::socket_type::rep);
       socket.set(zmq::sockopt::rcvtimeo, 1000);
-      socket.bind(kAnyPort);
+      socket.bind(anyPort_);
       const std::string endpoint = socket.get(zmq::sockopt::last_endpoint);
       if (write(whereToTell, endpoint.data(), endpoint.size()) < 0) _exit(1);
       close(whereToTell);
@@ -68,6 +67,7 @@ class ZeromqService {
     _exit(0);
   }
 
+  const std::string anyPort_;
   int parent_;
   int process_;
   std::string endpoint_;

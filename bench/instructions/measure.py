@@ -39,7 +39,7 @@ def fail(*lines):
 def own_address():
     """An address of this machine that no other run uses, and as long as each other one."""
     number = os.getpid()
-    return f"127.{100 + number // 10000 % 100}.{100 + number // 100 % 100}.{100 + number % 100}"
+    return f"127.{200 + number // 10000 % 50}.{100 + number // 100 % 100}.{100 + number % 100}"
 
 
 class Service:

@@ -1,4 +1,4 @@
-// Work in a process of its own: the library's context lives as long as its process.
+// Curves' work in a process of its own.
 #pragma once
 
 #include <functional>
@@ -10,8 +10,5 @@ namespace bench::scale {
 // returns. An exception of the work comes out here as a std::runtime_error with the same words, and
 // so does a process that ends otherwise. The caller has one thread and has not loaded the library.
 nlohmann::json inFreshProcess(const std::function<nlohmann::json()>& work);
-
-// What the library and its logger tell their host on standard output would mix with the figures.
-void silenceStandardOutput();
 
 }  // namespace bench::scale

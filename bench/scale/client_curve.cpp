@@ -4,13 +4,13 @@
 #include <string>
 #include <vector>
 
-#include "child.h"
-#include "client_process.h"
-#include "curve.h"
-#include "place.h"
-#include "process_figures.h"
-#include "simulator.h"
-#include "spread.h"
+#include "scale/child.h"
+#include "scale/client_process.h"
+#include "scale/curve.h"
+#include "scale/process_figures.h"
+#include "scale/simulator.h"
+#include "scale/spread.h"
+#include "support/fixed_service.h"
 #include "support/quantile.h"
 
 namespace bench::scale {
@@ -20,7 +20,7 @@ constexpr std::size_t kClients[] = {1, 2, 5, 10, 50, 100, 200, 500};
 
 // One simulator, so many clients that connect together and then call together.
 nlohmann::json runTrial(const Equipment& equipment, std::size_t count, double length) {
-  const std::string address = privateAddress();
+  const std::string address = FixedService::privateAddress();
   const Simulator simulator(equipment.simulator, address);
   Clients clients(equipment, address, count);
   const double connected = clients.connect();
@@ -57,7 +57,6 @@ nlohmann::json pointOf(std::size_t count, const std::vector<nlohmann::json>& out
 }  // namespace
 
 nlohmann::json measureClients(const Equipment& equipment) {
-  useAllCores();
   const int repetitions = equipment.quick ? 2 : 7;
   const double length = equipment.quick ? 0.2e6 : 1.2e6;
   std::map<std::size_t, std::vector<nlohmann::json>> outcomes;

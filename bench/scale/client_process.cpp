@@ -1,4 +1,4 @@
-#include "client_process.h"
+#include "scale/client_process.h"
 
 #include <signal.h>
 #include <sys/mman.h>
@@ -13,9 +13,9 @@
 #include <stdexcept>
 #include <system_error>
 
-#include "child.h"
-#include "library.h"
-#include "spread.h"
+#include "scale/spread.h"
+#include "support/library.h"
+#include "support/shared_memory.h"
 
 namespace bench::scale {
 namespace {
@@ -26,18 +26,10 @@ constexpr useconds_t kLook = 1000;  // between two looks how far the clients are
 // How far a client is; at first it is nowhere.
 constexpr int kFailed = -1, kLoaded = 1, kAnswered = 2, kDone = 3;
 
-template <typename Shared>
-Shared* share(std::size_t count) {
-  void* const memory = mmap(nullptr, sizeof(Shared) * count, PROT_READ | PROT_WRITE,
-                            MAP_SHARED | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
-  if (memory == MAP_FAILED) throw std::system_error(errno, std::generic_category(), "mmap");
-  return static_cast<Shared*>(memory);  // zeros, which is how all of it begins
-}
-
 // The first call connects, and is the one that a restarted till would wait for.
 void callOnce(const Library& library, const std::string& address, ClientSlot& slot) {
   char record[24];
-  library.use(address);
+  connectLibrary(library, address);
   if (library.readStandard(record) != TOLVEX_OK) throw std::runtime_error("no weight");
   slot.answered = now();
   slot.stage = kAnswered;
@@ -82,7 +74,7 @@ void Clients::Gate::pass() {
 }
 
 Clients::Clients(const Equipment& equipment, const std::string& address, std::size_t count)
-    : callUntil_(share<std::atomic<double>>(1)), slots_(share<ClientSlot>(count)) {
+    : callUntil_(shareMemory<std::atomic<double>>()), slots_(shareMemory<ClientSlot>(count)) {
   for (std::size_t i = 0; i < count; ++i) {
     const int process = fork();
     if (process == 0) beClient(equipment, address, i);
@@ -101,12 +93,10 @@ Clients::~Clients() {
 void Clients::beClient(const Equipment& equipment, const std::string& address, std::size_t number) {
   ClientSlot& slot = slots_[number];
   try {
-    silenceStandardOutput();
-    const std::string folder =
-        std::string(getenv("XDG_STATE_HOME")) + "/client" + std::to_string(number);
+    const std::string folder = state_.path() + "/client" + std::to_string(number);
     std::filesystem::create_directory(folder);
     setenv("XDG_STATE_HOME", folder.c_str(), 1);
-    const Library library(equipment.library);
+    const Library library = loadLibrary(equipment.library);
     slot.stage = kLoaded;
     call_.open();  // the client's own copy
     connect_.pass();

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "curve.h"
+#include "scale/curve.h"
 #include "support/state_folder.h"
 
 namespace bench::scale {

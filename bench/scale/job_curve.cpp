@@ -6,15 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "child.h"
-#include "curve.h"
-#include "fixed_service.h"
-#include "library.h"
-#include "place.h"
-#include "process_figures.h"
-#include "spread.h"
+#include "scale/child.h"
+#include "scale/curve.h"
+#include "scale/process_figures.h"
+#include "scale/spread.h"
+#include "support/cores.h"
+#include "support/fixed_service.h"
+#include "support/library.h"
 #include "support/state_folder.h"
-#include "support/weight_service.h"
 
 namespace bench::scale {
 namespace {
@@ -35,14 +34,14 @@ void queueLines(const Library& library, long lines) {
 }
 
 // Prints one job in this fresh process, after a short one that warms it up.
-nlohmann::json printJob(const Equipment& equipment, const std::string& address, long lines) {
+nlohmann::json printJob(const Equipment& equipment, long lines) {
   const StateFolder state;
-  const FixedService service(address, WeightService::kReply);
-  const Library library(equipment.library);
-  library.use(address);
+  const FixedService service(kWeightReply, kAgreedReply);
+  const Library library = loadLibrary(equipment.library);
+  connectLibrary(library, service.address());
   queueLines(library, kWarmUpLines);
   if (library.beginPrint(kTicket) != TOLVEX_OK) throw std::runtime_error("no job goes through");
-  const std::uint64_t before = service.arrivals().lines;
+  service.watch().startCounting();
   resetPeak();
   const double peak = memoryOf(getpid()).peak;  // by the system's own way to count one
 
@@ -52,13 +51,12 @@ nlohmann::json printJob(const Equipment& equipment, const std::string& address, 
   if (library.beginPrint(kTicket) != TOLVEX_OK) throw std::runtime_error("the job failed");
   const double printed = now();
 
-  const Arrivals& arrivals = service.arrivals();
-  if (arrivals.lines - before != static_cast<std::uint64_t>(lines) || arrivals.misplaced != 0) {
+  const double memory = memoryOf(getpid()).peak - peak;
+  const Arrivals arrivals = service.watch().counted();
+  if (arrivals.lines != static_cast<std::uint64_t>(lines) || arrivals.misplaced != 0) {
     throw std::runtime_error("not every line arrived in its place");
   }
-  return {{"queue", queued - start},
-          {"print", printed - queued},
-          {"memory", memoryOf(getpid()).peak - peak}};
+  return {{"queue", queued - start}, {"print", printed - queued}, {"memory", memory}};
 }
 
 long repetitionsFor(long lines, bool quick) {
@@ -66,11 +64,11 @@ long repetitionsFor(long lines, bool quick) {
   return lines <= 10000 ? 21 : 7;
 }
 
-nlohmann::json measurePoint(const Equipment& equipment, const std::string& address, long lines) {
+nlohmann::json measurePoint(const Equipment& equipment, long lines) {
   std::vector<double> queue, print, memory;
   const long repetitions = repetitionsFor(lines, equipment.quick);
   for (long count = 0; count < repetitions; ++count) {
-    const nlohmann::json job = inFreshProcess([&] { return printJob(equipment, address, lines); });
+    const nlohmann::json job = inFreshProcess([&] { return printJob(equipment, lines); });
     queue.push_back(job["queue"].get<double>() / static_cast<double>(lines));
     print.push_back(job["print"].get<double>() / static_cast<double>(lines));
     memory.push_back(job["memory"]);
@@ -85,11 +83,10 @@ nlohmann::json measurePoint(const Equipment& equipment, const std::string& addre
 }  // namespace
 
 nlohmann::json measureJobs(const Equipment& equipment) {
-  pinToOneCore();
-  const std::string address = privateAddress();
+  pinned(1);
   nlohmann::json points = nlohmann::json::array();
   for (const long lines : kLines) {
-    if (equipment.takes(lines, 1000)) points.push_back(measurePoint(equipment, address, lines));
+    if (equipment.takes(lines, 1000)) points.push_back(measurePoint(equipment, lines));
   }
   return {{"setting",
            "Jobs of numbered lines of 44 bytes, each job in a fresh process; library and service "

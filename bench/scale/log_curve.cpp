@@ -1,7 +1,5 @@
 // What one record of the log costs, by how much the ring of files holds already, until all of them
 // are full and are emptied.
-#include <log/nlog.h>
-
 #include <algorithm>
 #include <cstdint>
 #include <filesystem>
@@ -10,10 +8,11 @@
 #include <string>
 #include <vector>
 
-#include "child.h"
-#include "curve.h"
-#include "place.h"
-#include "spread.h"
+#include "log/nlog.h"
+#include "scale/child.h"
+#include "scale/curve.h"
+#include "scale/spread.h"
+#include "support/cores.h"
 #include "support/quantile.h"
 #include "support/state_folder.h"
 
@@ -106,7 +105,7 @@ nlohmann::json readTurn(const Turn& turn) {
 
 nlohmann::json measureTurn() {
   const StateFolder state;
-  return readTurn(turnRing(getenv("XDG_STATE_HOME")));
+  return readTurn(turnRing(state.path()));
 }
 
 // The spreads of one figure of all turns, at one place.
@@ -120,7 +119,7 @@ nlohmann::json spreadOf(const std::vector<nlohmann::json>& turns, const char* fi
 }  // namespace
 
 nlohmann::json measureLog(const Equipment& equipment) {
-  pinToOneCore();
+  pinned(1);
   const int repetitions = equipment.quick ? 2 : 9;
   std::vector<nlohmann::json> turns;
   for (int count = 0; count < repetitions; ++count) turns.push_back(inFreshProcess(measureTurn));

@@ -4,12 +4,12 @@
 #include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
+#include <filesystem>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <string>
 
-#include "curve.h"
-#include "place.h"
+#include "scale/curve.h"
 
 namespace {
 
@@ -58,8 +58,8 @@ int main(int argc, char** argv) {
   app.add_option("--only", equipment.only, "One point: so many lines, bytes, threads or clients");
   CLI11_PARSE(app, argc, argv);
   try {
-    nlohmann::json curve = kCurves.at(name)(equipment);
-    curve["machine"] = bench::scale::describeMachine();
+    equipment.library = std::filesystem::absolute(equipment.library).string();
+    const nlohmann::json curve = kCurves.at(name)(equipment);
     if (json) {
       std::printf("%s\n", curve.dump(1).c_str());
     } else {

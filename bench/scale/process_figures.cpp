@@ -1,4 +1,4 @@
-#include "process_figures.h"
+#include "scale/process_figures.h"
 
 #include <unistd.h>
 

@@ -1,4 +1,4 @@
-#include "simulator.h"
+#include "scale/simulator.h"
 
 #include <fcntl.h>
 #include <signal.h>

@@ -1,4 +1,4 @@
-#include "spread.h"
+#include "scale/spread.h"
 
 #include <chrono>
 

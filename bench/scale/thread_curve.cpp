@@ -1,20 +1,20 @@
 // What a call costs where several threads make them: the calls of one connection wait for each other.
+#include <algorithm>
 #include <atomic>
-#include <functional>
+#include <cstdio>
 #include <stdexcept>
 #include <string>
 #include <thread>
 #include <vector>
 
-#include "child.h"
-#include "curve.h"
-#include "fixed_service.h"
-#include "library.h"
-#include "place.h"
-#include "spread.h"
+#include "scale/child.h"
+#include "scale/curve.h"
+#include "scale/spread.h"
+#include "support/cores.h"
+#include "support/fixed_service.h"
+#include "support/library.h"
 #include "support/quantile.h"
 #include "support/state_folder.h"
-#include "support/weight_service.h"
 
 namespace bench::scale {
 namespace {
@@ -39,7 +39,7 @@ class Caller {
 
   void call() {
     char record[24];
-    const bool good = prints_ ? library_.printNow("Tomatoes", kFontSize, kTicketPrinter) == 0
+    const bool good = prints_ ? library_.printTextById("Tomatoes", kFontSize, kTicketPrinter) == 0
                               : library_.readStandard(record) == TOLVEX_OK;
     if (!good) failed_ = true;
   }
@@ -80,35 +80,31 @@ double runTogether(std::vector<Caller>& callers, double length) {
   return now() - begin;
 }
 
-void checkArrivals(const std::vector<Caller>& callers, std::uint64_t weighing,
-                   std::uint64_t printing) {
+void checkArrivals(const std::vector<Caller>& callers, const Arrivals& arrivals) {
   std::uint64_t weighed = 0, printed = 0;
   for (const Caller& caller : callers) {
     if (caller.failed()) throw std::runtime_error("a call failed");
     (caller.prints() ? printed : weighed) += caller.times().size();
   }
-  if (weighed != weighing || printed != printing) {
+  if (weighed != arrivals.weighing || printed != arrivals.printing) {
     throw std::runtime_error("the service did not see each call once");
   }
 }
 
-nlohmann::json runTrial(const Equipment& equipment, const std::string& address,
-                        const Trial& trial) {
-  if (trial.oneCore) pinToOneCore();
+nlohmann::json runTrial(const Equipment& equipment, const Trial& trial) {
+  if (trial.oneCore) pinned(1);
   const StateFolder state;
-  const FixedService service(address, WeightService::kReply);
-  const Library library(equipment.library);
-  library.use(address);
+  const FixedService service(kWeightReply, kAgreedReply);
+  const Library library = loadLibrary(equipment.library);
+  connectLibrary(library, service.address());
   std::vector<Caller> callers;
   for (int i = 0; i < trial.threads; ++i) callers.emplace_back(library, trial.mixed && i % 2 == 1);
-  for (int i = 0; i < kWarmUpCalls; ++i)
+  for (int i = 0; i < kWarmUpCalls; ++i) {
     callers[static_cast<std::size_t>(i % trial.threads)].call();
-  const std::uint64_t weighing = service.arrivals().weighing;
-  const std::uint64_t printing = service.arrivals().printing;
-
+  }
+  service.watch().startCounting();
   const double took = runTogether(callers, trial.length);
-  checkArrivals(callers, service.arrivals().weighing - weighing,
-                service.arrivals().printing - printing);
+  checkArrivals(callers, service.watch().counted());
   std::vector<double> times;
   double fewest = 1e9, most = 0;
   for (const Caller& caller : callers) {
@@ -125,7 +121,7 @@ nlohmann::json runTrial(const Equipment& equipment, const std::string& address,
 }
 
 // The trials of one point in one, figure by figure.
-nlohmann::json pointOf(const Trial& trial, const std::vector<nlohmann::json>& outcomes) {
+nlohmann::json pointOfTrials(const Trial& trial, const std::vector<nlohmann::json>& outcomes) {
   nlohmann::json point = {{"threads", trial.threads},
                           {"calls", trial.mixed ? "half weighing, half printing" : "weighing"},
                           {"cores", trial.oneCore ? "one" : "all"},
@@ -142,6 +138,10 @@ std::vector<Trial> planTrials(const Equipment& equipment) {
   const double length = equipment.quick ? 0.1e6 : 0.6e6;
   std::vector<Trial> trials;
   for (const bool oneCore : {true, false}) {
+    if (!oneCore && usableCores() == 1) {
+      std::fprintf(stderr, "threads on all cores are left out: there is only one core\n");
+      continue;
+    }
     for (const bool mixed : {false, true}) {
       for (const int threads : kThreads) {
         if ((mixed && threads == 1) || !equipment.takes(threads, 4)) continue;
@@ -155,18 +155,17 @@ std::vector<Trial> planTrials(const Equipment& equipment) {
 }  // namespace
 
 nlohmann::json measureThreads(const Equipment& equipment) {
-  const std::string address = privateAddress();
   const std::vector<Trial> trials = planTrials(equipment);
   std::vector<std::vector<nlohmann::json>> outcomes(trials.size());
   const int repetitions = equipment.quick ? 2 : 7;
   for (int count = 0; count < repetitions; ++count) {
     for (std::size_t i = 0; i < trials.size(); ++i) {
-      outcomes[i].push_back(
-          inFreshProcess([&] { return runTrial(equipment, address, trials[i]); }));
+      outcomes[i].push_back(inFreshProcess([&] { return runTrial(equipment, trials[i]); }));
     }
   }
   nlohmann::json points = nlohmann::json::array();
-  for (std::size_t i = 0; i < trials.size(); ++i) points.push_back(pointOf(trials[i], outcomes[i]));
+  for (std::size_t i = 0; i < trials.size(); ++i)
+    points.push_back(pointOfTrials(trials[i], outcomes[i]));
   return {{"setting",
            "Threads that call without a pause for 0.6 s, in a fresh process each time, all points "
            "in turns; library and service on one core, or on all"},

@@ -5,6 +5,22 @@
 #include <stdexcept>
 
 namespace bench {
+namespace {
+
+cpu_set_t usable() {
+  cpu_set_t cores;
+  if (sched_getaffinity(0, sizeof(cores), &cores) != 0) {
+    throw std::runtime_error("cannot learn which cores there are");
+  }
+  return cores;
+}
+
+}  // namespace
+
+int usableCores() {
+  const cpu_set_t cores = usable();
+  return CPU_COUNT(&cores);
+}
 
 void pinTo(int core) {
   cpu_set_t cores;
@@ -16,10 +32,7 @@ void pinTo(int core) {
 }
 
 Cores pinned(int cores) {
-  cpu_set_t allowed;
-  if (sched_getaffinity(0, sizeof(allowed), &allowed) != 0) {
-    throw std::runtime_error("cannot learn which cores there are");
-  }
+  const cpu_set_t allowed = usable();
   const int here = sched_getcpu();
   int other = here;
   if (cores == 2) {

@@ -6,6 +6,9 @@ namespace bench {
 // The calling process and those that it makes from now on run on this core only.
 void pinTo(int core);
 
+// How many the calling process may use.
+int usableCores();
+
 // Where caller and service run: on one core, or on two that differ.
 struct Cores {
   int caller;

@@ -8,37 +8,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <atomic>
 #include <cerrno>
-#include <cstring>
-#include <new>
 #include <stdexcept>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "support/cores.h"
+#include "support/shared_memory.h"
 
 namespace bench {
-
-// Texts one behind another, each with its length before it.
-struct SharedRecording {
-  static constexpr std::size_t kRoom = std::size_t{1} << 20;
-  std::atomic<bool> on{false};
-  std::atomic<bool> overrun{false};
-  std::atomic<std::size_t> used{0};
-  char bytes[kRoom] = {};
-
-  void add(const char* text, std::size_t length) {
-    const std::size_t at = used.load();
-    if (at + sizeof(length) + length > kRoom) {
-      overrun = true;
-      return;
-    }
-    std::memcpy(bytes + at, &length, sizeof(length));
-    std::memcpy(bytes + at + sizeof(length), text, length);
-    used.store(at + sizeof(length) + length);
-  }
-};
 
 namespace {
 
@@ -63,46 +42,59 @@ int listenOn(const std::string& address, std::uint16_t port) {
   setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &on, sizeof(on));
   const sockaddr_in where = socketAddress(address, port);
   checked(bind(listener, reinterpret_cast<const sockaddr*>(&where), sizeof(where)), "bind");
-  checked(listen(listener, 8), "listen");
+  checked(listen(listener, SOMAXCONN), "listen");
   return listener;
 }
 
-// Answers one request. False when the connection has ended.
-bool answer(int connection, const std::string& reply, SharedRecording& recording) {
-  char request[4096];
-  const ssize_t count = recv(connection, request, sizeof(request), 0);
-  if (count <= 0) return false;
-  if (recording.on.load(std::memory_order_relaxed)) {
-    recording.add(request, static_cast<std::size_t>(count));
-  }
-  return send(connection, reply.data(), reply.size(), MSG_NOSIGNAL) > 0;
-}
+class Server {
+ public:
+  Server(int lifeline, int weighing, int printing, std::string weighingReply,
+         std::string printingReply, RequestWatch& watch)
+      : entries_{{lifeline, POLLIN, 0}, {weighing, POLLIN, 0}, {printing, POLLIN, 0}},
+        prints_(entries_.size(), false),
+        replies_{std::move(weighingReply), std::move(printingReply)},
+        watch_(watch) {}
 
-// The first three are the lifeline and the listeners, the others are connections.
-void serve(std::vector<pollfd> entries, const std::string& reply, SharedRecording& recording) {
-  constexpr std::size_t kFirstConnection = 3;
-  for (;;) {
-    if (poll(entries.data(), entries.size(), -1) < 0) return;
-    if (entries[0].revents != 0) return;
-    for (std::size_t i = entries.size(); i-- > kFirstConnection;) {
-      if (entries[i].revents == 0 || answer(entries[i].fd, reply, recording)) continue;
-      close(entries[i].fd);
-      entries.erase(entries.begin() + static_cast<std::ptrdiff_t>(i));
-    }
-    for (std::size_t i = 1; i < kFirstConnection; ++i) {
-      if (entries[i].revents == 0) continue;
-      const int connection = accept(entries[i].fd, nullptr, nullptr);
-      if (connection >= 0) entries.push_back({connection, POLLIN, 0});
+  // Until the other end of the lifeline is closed.
+  void run() {
+    while (poll(entries_.data(), entries_.size(), -1) >= 0 && entries_[0].revents == 0) {
+      for (std::size_t i = kFirstConnection; i < entries_.size(); ++i) {
+        if (entries_[i].revents != 0) answer(i);
+      }
+      for (std::size_t i = 1; i < kFirstConnection; ++i) {
+        if (entries_[i].revents == 0) continue;
+        const int connection = accept(entries_[i].fd, nullptr, nullptr);
+        if (connection < 0) continue;
+        entries_.push_back({connection, POLLIN, 0});
+        prints_.push_back(i == 2);
+      }
     }
   }
-}
 
-SharedRecording* sharedRecording() {
-  void* const memory = mmap(nullptr, sizeof(SharedRecording), PROT_READ | PROT_WRITE,
-                            MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-  if (memory == MAP_FAILED) throw std::system_error(errno, std::generic_category(), "mmap");
-  return new (memory) SharedRecording;
-}
+ private:
+  static constexpr std::size_t kFirstConnection = 3;  // behind the lifeline and the listeners
+
+  // A request arrives in one piece: its client waits for the reply before it sends the next.
+  void answer(std::size_t index) {
+    char request[4096];
+    const int connection = entries_[index].fd;
+    const ssize_t count = recv(connection, request, sizeof(request) - 1, 0);
+    if (count <= 0) {
+      close(connection);
+      entries_[index].fd = -1;  // poll passes over it
+      return;
+    }
+    request[count] = '\0';
+    watch_.note(request, static_cast<std::size_t>(count), prints_[index]);
+    const std::string& reply = replies_[prints_[index] ? 1 : 0];
+    send(connection, reply.data(), reply.size(), MSG_NOSIGNAL);
+  }
+
+  std::vector<pollfd> entries_;
+  std::vector<bool> prints_;
+  const std::string replies_[2];
+  RequestWatch& watch_;
+};
 
 }  // namespace
 
@@ -111,14 +103,39 @@ const char kWeightReply[] =
     R"("tareType":"T","unit":"kg","stable":"1","unitPrice":"0.00","total":"0.00"})";
 const char kAgreedReply[] = R"({"result":"0"})";
 
+std::string replyOfLength(std::size_t length) {
+  constexpr std::size_t kMember = 32;
+  constexpr std::size_t kFrame = 6;  // ,"":""
+  std::string reply = R"({"result":"0")";
+  while (reply.size() + 1 < length) {
+    const std::size_t rest = length - 1 - reply.size();
+    const std::size_t member = rest < kMember + kFrame ? rest : kMember;
+    const std::string name = member > 2 * kFrame ? "member" : "";
+    if (member < kFrame) throw std::logic_error("there is no reply of this length");
+    reply += ",\"" + name + "\":\"" + std::string(member - kFrame - name.size(), 'x') + '"';
+  }
+  return reply + '}';
+}
+
 std::string FixedService::privateAddress() {
   const auto id = static_cast<unsigned>(getpid());
-  return "127." + std::to_string(100 + (id >> 16) % 100) + '.' + std::to_string(id >> 8 & 255) +
-         '.' + std::to_string(1 + id % 254);
+  return "127." + std::to_string(128 + id / 62500 % 64) + '.' + std::to_string(id / 250 % 250) +
+         '.' + std::to_string(1 + id % 250);
 }
 
 FixedService::FixedService(std::string reply, int core, std::string address)
-    : address_(std::move(address)), reply_(std::move(reply)), recording_(sharedRecording()) {
+    : address_(std::move(address)), reply_(std::move(reply)), watch_(shareMemory<RequestWatch>()) {
+  start(core, reply_);
+}
+
+FixedService::FixedService(std::string weighingReply, const std::string& printingReply)
+    : address_(privateAddress()),
+      reply_(std::move(weighingReply)),
+      watch_(shareMemory<RequestWatch>()) {
+  start(-1, printingReply);
+}
+
+void FixedService::start(int core, const std::string& printingReply) {
   const int weighing = listenOn(address_, kWeighingPort);
   const int printing = listenOn(address_, kPrintingPort);
   int ends[2];
@@ -127,8 +144,7 @@ FixedService::FixedService(std::string reply, int core, std::string address)
   if (process_ == 0) {
     close(ends[1]);
     if (core >= 0) pinTo(core);
-    serve({{ends[0], POLLIN, 0}, {weighing, POLLIN, 0}, {printing, POLLIN, 0}}, reply_,
-          *recording_);
+    Server(ends[0], weighing, printing, reply_, printingReply, *watch_).run();
     _exit(0);
   }
   close(ends[0]);
@@ -140,25 +156,7 @@ FixedService::FixedService(std::string reply, int core, std::string address)
 FixedService::~FixedService() {
   close(lifeline_);
   waitpid(process_, nullptr, 0);
-  munmap(recording_, sizeof(SharedRecording));
-}
-
-void FixedService::startRecording() {
-  recording_->used = 0;
-  recording_->on = true;
-}
-
-std::vector<std::string> FixedService::recorded() {
-  recording_->on = false;
-  if (recording_->overrun) throw std::runtime_error("the service received more than it can keep");
-  std::vector<std::string> texts;
-  for (std::size_t at = 0; at < recording_->used;) {
-    std::size_t length;
-    std::memcpy(&length, recording_->bytes + at, sizeof(length));
-    texts.emplace_back(recording_->bytes + at + sizeof(length), length);
-    at += sizeof(length) + length;
-  }
-  return texts;
+  munmap(watch_, sizeof(RequestWatch));
 }
 
 int connectTo(const std::string& address, std::uint16_t port) {

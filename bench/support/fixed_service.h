@@ -4,7 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <vector>
+
+#include "support/request_watch.h"
 
 namespace bench {
 
@@ -15,35 +16,37 @@ constexpr std::uint16_t kPrintingPort = 53265;
 extern const char kWeightReply[];
 extern const char kAgreedReply[];
 
-struct SharedRecording;
+// A reply of this length, 14 at least: the result, and members of text as long as the service's own are.
+std::string replyOfLength(std::size_t length);
 
-// Runs in a process of its own and answers whatever arrives on its two ports with the same bytes.
-// Ends with this object, or with its process.
+// Runs in a process of its own and answers whatever arrives on its two ports with the same bytes, or on
+// each with bytes of its own. Ends with this object, or with its process.
 class FixedService {
  public:
   // Listens at this address, or at a loopback address of this process's own. The service runs on the
   // given core, or where its maker runs when that is negative. Throws std::system_error.
   explicit FixedService(std::string reply, int core = -1, std::string address = privateAddress());
+  FixedService(std::string weighingReply, const std::string& printingReply);
   ~FixedService();
   FixedService(const FixedService&) = delete;
   FixedService& operator=(const FixedService&) = delete;
 
   const std::string& address() const { return address_; }
-  const std::string& reply() const { return reply_; }
+  const std::string& reply() const { return reply_; }  // of the weighing port
 
   // One that no other process takes.
   static std::string privateAddress();
 
-  // Between the two, what arrives is kept: one text for each receive of the service, in order.
-  // More than there is room for (a megabyte) makes the second one throw.
-  void startRecording();
-  std::vector<std::string> recorded();
+  // Records and counts what arrives.
+  RequestWatch& watch() const { return *watch_; }
 
  private:
+  void start(int core, const std::string& printingReply);
+
   const std::string address_;
   const std::string reply_;
-  SharedRecording* recording_ = nullptr;  // shared with the process
-  int lifeline_ = -1;                     // its closing ends the service
+  RequestWatch* watch_;  // shared with the process
+  int lifeline_ = -1;    // its closing ends the service
   int process_ = -1;
 };
 

@@ -21,8 +21,11 @@ Library loadLibrary(const std::string& path) {
   if (module == nullptr) throw std::runtime_error(dlerror());
   Library library;
   find(module, "SetServerIpForRemoteAccess", library.setServerIp);
+  find(module, "checkConnection", library.checkConnection);
   find(module, "read_standard", library.readStandard);
   find(module, "sendRawCmdToLC", library.sendRawCmdToLC);
+  find(module, "printTextById", library.printTextById);
+  find(module, "PrintText", library.printText);
   find(module, "PrintTextByPaperWidth", library.printTextByPaperWidth);
   find(module, "BeginPrint", library.beginPrint);
   find(module, "getLastErrCode", library.getLastErrCode);
@@ -35,6 +38,12 @@ Library loadLibrary(const std::string& path, const std::string& address) {
     throw std::runtime_error("the library refuses " + address);
   }
   return library;
+}
+
+void connectLibrary(const Library& library, const std::string& address) {
+  if (library.setServerIp(address.c_str()) != TOLVEX_OK || library.checkConnection() != 1) {
+    throw std::runtime_error("the library does not reach " + address);
+  }
 }
 
 void readWeight(const Library& library) {

@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <stdexcept>
 
+#include "support/fresh_process.h"
+
 namespace bench {
 
 OwnOutput::OwnOutput() {
@@ -20,12 +22,6 @@ OwnOutput::OwnOutput() {
 
 OwnOutput::~OwnOutput() { close(output_); }
 
-void OwnOutput::tell(const std::string& text) const {
-  for (std::size_t told = 0; told < text.size();) {
-    const ssize_t count = write(output_, text.data() + told, text.size() - told);
-    if (count <= 0) throw std::runtime_error("cannot tell the figures");
-    told += static_cast<std::size_t>(count);
-  }
-}
+void OwnOutput::tell(const std::string& text) const { writeAll(output_, text.data(), text.size()); }
 
 }  // namespace bench
