@@ -1,5 +1,4 @@
 // Measures one claim in this process.
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
 #include <filesystem>
@@ -8,6 +7,7 @@
 #include <stdexcept>
 
 #include "claims/claims.h"
+#include "support/command_line.h"
 #include "support/own_output.h"
 
 namespace {
@@ -17,26 +17,26 @@ using Json = nlohmann::ordered_json;
 
 struct Options {
   std::string claim;
-  std::size_t pairs = 0;
-  int cores = 1;
+  long pairs = 0;  // 0: the claim's own default
+  long cores = 1;
   std::string library;
   bool json = false;
   bool list = false;
 };
 
-Json limitOf(const Claim& claim, int cores) {
+Json limitOf(const Claim& claim, long cores) {
   if (claim.limit == bench::kNoLimit || cores != 1) return nullptr;
   return claim.limit;
 }
 
-Json described(const Claim& claim, int cores) {
+Json described(const Claim& claim, long cores) {
   return {{"claim", claim.name}, {"what", claim.what}, {"against", claim.against},
           {"unit", claim.unit},  {"cores", cores},     {"limit", limitOf(claim, cores)}};
 }
 
 Json everyRow() {
   Json rows = Json::array();
-  for (const int cores : {1, 2}) {
+  for (const long cores : {1, 2}) {
     for (const Claim& claim : bench::claims()) {
       if (cores == 1 || claim.twoCores) rows.push_back(described(claim, cores));
     }
@@ -77,8 +77,9 @@ std::string asText(const Claim& claim, const Options& options, const bench::Figu
 void measure(const Options& options) {
   const Claim& claim = claimOf(options.claim);
   const bench::OwnOutput output;
-  const bench::Setting setting{options.pairs != 0 ? options.pairs : claim.pairs, options.cores,
-                               std::filesystem::absolute(options.library).string()};
+  const bench::Setting setting{
+      options.pairs != 0 ? static_cast<std::size_t>(options.pairs) : claim.pairs,
+      static_cast<int>(options.cores), std::filesystem::absolute(options.library).string()};
   const bench::Figure figure = claim.measure(setting);
   std::string text;
   if (options.json) {
@@ -99,20 +100,16 @@ int run(int argc, char** argv) {
   Options options;
   options.library =
       (std::filesystem::canonical("/proc/self/exe").parent_path() / "libtolvex_dll.so").string();
-  CLI::App app("Measures one claim about the library's speed.", "claims_bench");
-  app.add_option("claim", options.claim, "The name of the claim");
-  app.add_option("--pairs", options.pairs,
-                 "Pairs of batches (calls, processes); each claim has its own default")
-      ->check(CLI::Range(std::size_t{1}, std::size_t{100000000}));
-  app.add_option("--cores", options.cores, "1: caller and service on one core; 2: on one each")
-      ->check(CLI::IsMember({1, 2}))
-      ->capture_default_str();
-  app.add_option("--library", options.library,
-                 "The library to load; log_* measure what is linked in")
-      ->check(CLI::ExistingFile);
-  app.add_flag("--json", options.json, "The figure as JSON");
-  app.add_flag("--list", options.list, "What there is to measure, as JSON");
-  CLI11_PARSE(app, argc, argv);
+  bench::CommandLine words("Measures one claim about the library's speed.", "claims_bench");
+  words.text("claim", options.claim, "The name of the claim");
+  words.number("--pairs", options.pairs,
+               "Pairs of batches (calls, processes); each claim has its own default", 1, 100000000);
+  words.number("--cores", options.cores,
+               "1: caller and service on one core, which is the default; 2: on one each", 1, 2);
+  words.file("--library", options.library, "The library to load; log_* measure what is linked in");
+  words.flag("--json", options.json, "The figure as JSON");
+  words.flag("--list", options.list, "What there is to measure, as JSON");
+  if (const auto status = words.parse(argc, argv)) return *status;
   if (options.list) {
     std::cout << Json{{"build", buildOfProgram()}, {"rows", everyRow()}}.dump(2) << '\n';
     return 0;

@@ -1,15 +1,16 @@
 // How the cost of what the library does grows with what it is given.
 //
 // usage: scale_bench CURVE [--json] [--library PATH] [--simulator PATH] [--quick] [--only N]
-#include <CLI/CLI.hpp>
 #include <cstdio>
 #include <exception>
 #include <filesystem>
 #include <map>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <vector>
 
 #include "scale/curve.h"
+#include "support/command_line.h"
 
 namespace {
 
@@ -44,19 +45,24 @@ void print(const nlohmann::json& curve) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  CLI::App app("Measures how cost grows along a curve.");
   Equipment equipment = {"build/linux/bin/libtolvex_dll.so", "build/linux/bin/zelkad-sim"};
   std::string name;
   bool json = false;
-  app.add_option("curve", name, "job, reply, threads, clients or log")
-      ->required()
-      ->check(CLI::IsMember(kCurves));
-  app.add_flag("--json", json, "Print everything as JSON");
-  app.add_option("--library", equipment.library, "The library")->check(CLI::ExistingFile);
-  app.add_option("--simulator", equipment.simulator, "The simulator")->check(CLI::ExistingFile);
-  app.add_flag("--quick", equipment.quick, "A few points with few repetitions: does it work?");
-  app.add_option("--only", equipment.only, "One point: so many lines, bytes, threads or clients");
-  CLI11_PARSE(app, argc, argv);
+  std::vector<std::string> names;
+  for (const auto& curve : kCurves) names.push_back(curve.first);
+  bench::CommandLine words("Measures how cost grows along a curve.", "scale_bench");
+  words.text("curve", name, "What to measure", names);
+  words.flag("--json", json, "Print everything as JSON");
+  words.file("--library", equipment.library, "The library");
+  words.file("--simulator", equipment.simulator, "The simulator");
+  words.flag("--quick", equipment.quick, "A few points with few repetitions: does it work?");
+  words.number("--only", equipment.only, "One point: so many lines, bytes, threads or clients", 1,
+               1000000);
+  if (const auto status = words.parse(argc, argv)) return *status;
+  if (name.empty()) {
+    std::fprintf(stderr, "scale_bench: which curve? --help shows them\n");
+    return 1;
+  }
   try {
     equipment.library = std::filesystem::absolute(equipment.library).string();
     const nlohmann::json curve = kCurves.at(name)(equipment);

@@ -20,9 +20,9 @@ namespace bench::scale {
 namespace {
 
 constexpr unsigned kTicketPrinter = 1;
-constexpr unsigned kFontSize = 24;
+constexpr unsigned kFontOfCalls = 24;
 constexpr int kThreads[] = {1, 2, 4, 8, 16};
-constexpr int kWarmUpCalls = 500;
+constexpr int kWarmUpOfThreads = 500;
 
 // How one trial goes.
 struct Trial {
@@ -39,8 +39,9 @@ class Caller {
 
   void call() {
     char record[24];
-    const bool good = prints_ ? library_.printTextById("Tomatoes", kFontSize, kTicketPrinter) == 0
-                              : library_.readStandard(record) == TOLVEX_OK;
+    const bool good = prints_
+                          ? library_.printTextById("Tomatoes", kFontOfCalls, kTicketPrinter) == 0
+                          : library_.readStandard(record) == TOLVEX_OK;
     if (!good) failed_ = true;
   }
   void callUntil(double end) {
@@ -99,7 +100,7 @@ nlohmann::json runTrial(const Equipment& equipment, const Trial& trial) {
   connectLibrary(library, service.address());
   std::vector<Caller> callers;
   for (int i = 0; i < trial.threads; ++i) callers.emplace_back(library, trial.mixed && i % 2 == 1);
-  for (int i = 0; i < kWarmUpCalls; ++i) {
+  for (int i = 0; i < kWarmUpOfThreads; ++i) {
     callers[static_cast<std::size_t>(i % trial.threads)].call();
   }
   service.watch().startCounting();
