@@ -70,7 +70,12 @@ def run(setting, address, folder):
                           stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True, check=False)
     if done.returncode != 0:
         fail(f"The program ended with {done.returncode}:", done.stderr.strip() or done.stdout.strip())
-    return [(kind, int(count)) for kind, count in re.findall(r"^measured (\w+) (\d+)$", done.stdout, re.M)]
+    return kinds_of(done.stdout)
+
+
+def kinds_of(text):
+    """What the program says that it measured, in order, with how many calls of each."""
+    return [(kind, int(count)) for kind, count in re.findall(r"^measured (\w+) (\d+)$", text, re.M)]
 
 
 def total_of(path):
@@ -173,4 +178,5 @@ def main(arguments):
         print(f"\nRecorded in {os.path.relpath(BASELINE)}")
 
 
-main(sys.argv[1:])
+if __name__ == "__main__":
+    main(sys.argv[1:])

@@ -1,6 +1,7 @@
 """Runs claims_bench, and tells which claims are reached."""
 
 import json
+import os
 import statistics
 import subprocess
 import sys
@@ -19,6 +20,9 @@ def run_json(command):
 
 def rows_of(options):
     rows = run_json([options.bin / "claims_bench", "--list"])["rows"]
+    if len(os.sched_getaffinity(0)) == 1:
+        print("  left out: the rows of two cores, since there is only one", file=sys.stderr)
+        rows = [row for row in rows if row["cores"] == 1]
     if not options.claim:
         return rows
     names = sorted({row["claim"] for row in rows})

@@ -39,6 +39,14 @@ def description(folder):
     }
 
 
+def in_short():
+    """Processor, cores that may be used, and system."""
+    cores = len(os.sched_getaffinity(0))
+    release = ".".join(platform.release().split(".")[:2])
+    model = _first("/proc/cpuinfo", "model name") or platform.machine()
+    return f"{model}, {cores} core{'s' if cores > 1 else ''}, {platform.system()} {release}"
+
+
 def sentence(machine):
     kind = "a virtual machine" if machine["hypervisor"] else "a machine"
     return (

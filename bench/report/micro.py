@@ -18,6 +18,8 @@ def run(options):
             "--benchmark_out_format=json",
             f"--benchmark_repetitions={options.runs}",
         ]
+        if options.quick:
+            command.append("--benchmark_min_time=0.001")
         done = subprocess.run(command, stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, text=True, check=False)
         if done.returncode != 0:
             raise claims.Failed(f"micro_bench failed: {done.stderr}")

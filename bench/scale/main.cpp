@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <map>
 #include <nlohmann/json.hpp>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -66,6 +67,7 @@ int main(int argc, char** argv) {
   try {
     equipment.library = std::filesystem::absolute(equipment.library).string();
     const nlohmann::json curve = kCurves.at(name)(equipment);
+    if (curve.at("points").empty()) throw std::runtime_error("there is no such point");
     if (json) {
       std::printf("%s\n", curve.dump(1).c_str());
     } else {
