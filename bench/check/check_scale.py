@@ -66,6 +66,7 @@ def check_page(folder, kept, curves):
         header, rows = tables.TABLES[name](curve)
         table = text.partition(f"<!-- scale: {name} -->")[2].partition("<!-- end -->")[0]
         lines = [line for line in table.splitlines() if line.startswith("|")]
+        check(len(rows) == len(curve.get("changes", curve["points"])), f"the table of {name} has every point")
         check(len(lines) == len(rows) + 2, f"the page has every row of {name}")
         check(all(line.count("|") == len(header) + 1 for line in lines), f"the table of {name} is whole")
 
