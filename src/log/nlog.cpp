@@ -72,7 +72,7 @@ char* putText(char* at, std::string_view text) { return at + text.copy(at, text.
 // What stands before the module: no more than seven numbers of ten digits, and what is between them.
 constexpr std::size_t kHeadSize = 128;
 
-// "2024-03-05 14:07:09 Ms:042 [W] L:044 ". Put together by hand: printf takes five times as long.
+// "2024-03-05 14:07:09 Ms:042 [W] L:044 ". Put together by hand: printf takes several times as long.
 char* putHead(char* at, const platform::LocalTime& now, int level, unsigned line) {
   at = putText(putNumber<4>(at, now.year), "-");
   at = putText(putNumber<2>(at, now.month), "-");

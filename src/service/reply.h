@@ -54,7 +54,7 @@ class Reply {
   // The shortest is "":0 with a comma.
   static constexpr std::size_t kMostMembers = kReplyCapacity / 5 + 1;
 
-  // Parses an object of nothing but strings without escapes, as nearly every reply is: in a quarter of the
+  // Parses an object of nothing but strings without escapes, as nearly every reply is: in a third of the
   // time. False for everything else, which is left to the JSON library.
   bool parsePlain();
   std::uint16_t placeOf(const char* text) const {
