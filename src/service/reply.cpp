@@ -131,6 +131,13 @@ Reply::Reply(const char* text) {
 void Reply::parse() {
   if (isParsed_) return;
   isParsed_ = true;
+  parseText();
+  const char* const code = text("result");
+  hasResult_ = code != nullptr;
+  result_ = hasResult_ ? textToInt(code) : result::kUnreadableReply;
+}
+
+void Reply::parseText() {
   const std::size_t length = std::strlen(received_.text);
   std::memcpy(parsed_, received_.text, length + 1);
   if (parsePlain()) return;
@@ -175,11 +182,6 @@ const char* Reply::text(std::string_view key) const {
     }
   }
   return nullptr;
-}
-
-std::int32_t Reply::result() const {
-  const char* const code = text("result");
-  return code != nullptr ? textToInt(code) : result::kUnreadableReply;
 }
 
 }  // namespace tolvex

@@ -38,11 +38,14 @@ class Reply {
 
   // The number in the text of "result" (the digits it begins with; none give 0), or
   // result::kUnreadableReply when there is no such text.
-  std::int32_t result() const;
-  bool hasResult() const { return text("result") != nullptr; }
+  std::int32_t result() const { return result_; }
+  bool hasResult() const { return hasResult_; }
 
  private:
   class Collector;
+
+  // Fills what is below.
+  void parseText();
 
   // Where a member lies in parsed_.
   struct Member {
@@ -62,6 +65,8 @@ class Reply {
   }
 
   bool isParsed_ = false;
+  bool hasResult_ = false;
+  std::int32_t result_ = 0;
   int error_ = 0;
   std::size_t count_ = 0;
   // Only what the text fills of these is ever touched.

@@ -64,7 +64,7 @@ int WeightInfo(const Reply& reply, bool highResolution, char* record) {
               reply.raw());
     return kExportFailed;
   }
-  if (reply.text("result") == nullptr) {
+  if (!reply.hasResult()) {
     NLog::Log(NLog::GetInstance(), kModuleDll, kLevelFailure, 94, "[WeightInfo] no result:%s.",
               reply.raw());
     return kExportFailed;
