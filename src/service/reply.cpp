@@ -116,6 +116,7 @@ class Reply::Collector {
     --depth_;
     return true;
   }
+
   Reply& reply_;
   int depth_ = 0;
   bool isExpected_ = false;  // whether what comes is the value of the latest member
