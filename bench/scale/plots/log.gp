@@ -6,7 +6,7 @@ set xtics 5
 set ylabel "µs a record"
 set logscale y
 set format y "10^{%T}"
-set yrange [0.5:100000]
+set yrange [0.1:100000]
 set key at graph 0.02,0.97 maxrows 3 width -2
 plot table index 0 using ($1/1048576):2:3:4 with yerrorlines linestyle 1 title "median (quartiles of the turns)", \
      table index 0 using ($1/1048576):5:6:7 with yerrorlines linestyle 2 title "99 %", \
