@@ -8,6 +8,8 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <stdexcept>
+#include <string>
 #include <utility>
 
 #include "support/os_support.h"
@@ -65,12 +67,25 @@ std::size_t handleCount() {
   return count;
 }
 
+namespace {
+
+// Counted page by page. The other files of the system tell what each core last reported, which may be
+// dozens of pages behind.
+std::size_t residentMemory() {
+  std::ifstream file("/proc/self/smaps_rollup");
+  std::string word;
+  std::size_t kibibytes = 0;
+  while (file >> word) {
+    if (word == "Rss:" && file >> kibibytes) return kibibytes * 1024;
+  }
+  throw std::runtime_error("the system does not tell the resident memory");
+}
+
+}  // namespace
+
 MemoryUse memoryUse() {
   const struct mallinfo2 heap = mallinfo2();
-  std::size_t whole = 0;
-  std::size_t resident = 0;
-  std::ifstream("/proc/self/statm") >> whole >> resident;
-  return {heap.uordblks + heap.hblkhd, resident * static_cast<std::size_t>(getpagesize())};
+  return {heap.uordblks + heap.hblkhd, residentMemory()};
 }
 
 // The blocks that each thread keeps at hand count as used, a few more with every size that was ever
