@@ -18,8 +18,8 @@ constexpr std::size_t kPathSize = 256;  // with the terminator; a longer path is
 // record, because asking costs as much as writing.
 constexpr std::int64_t kTrustedGrowth = 65536;
 
-// A deleted file is noticed after so many milliseconds at the latest, since asking costs half as much as
-// writing.
+// A deleted file is noticed after so many milliseconds at the latest: asking is a system call of its own,
+// which a record would have to wait for.
 constexpr std::int64_t kLookInterval = 100;
 
 constexpr char kClearLine[] = " ===== Clear All logs =====";
@@ -93,10 +93,7 @@ bool LogFile::open(const std::string& base) {
   }
   emptyRing(base);
   std::snprintf(path, sizeof(path), "%s_0.log", base.c_str());
-  if (file_.open(path)) {
-    position_ = file_.size();
-    unchecked_ = 0;
-    lookedAt_ = platform::coarseMilliseconds();
+  if (begin(path)) {
     torn_ = false;
     if (position_ <= kFullSize) {
       writeLine(kClearLine, std::strlen(kClearLine));
@@ -108,14 +105,20 @@ bool LogFile::open(const std::string& base) {
   return false;
 }
 
-bool LogFile::openWithRoom(const char* path) {
-  if (!file_.open(path)) {
-    say("NLog::OpenFile: ", path, " Fail");
-    return false;
-  }
+// Opens the file and takes note of its end.
+bool LogFile::begin(const char* path) {
+  if (!file_.open(path)) return false;
   position_ = file_.size();
   unchecked_ = 0;
   lookedAt_ = platform::coarseMilliseconds();
+  return true;
+}
+
+bool LogFile::openWithRoom(const char* path) {
+  if (!begin(path)) {
+    say("NLog::OpenFile: ", path, " Fail");
+    return false;
+  }
   if (position_ > kFullSize) {
     file_.close();
     return false;
@@ -167,7 +170,7 @@ bool LogFile::isFull() {
 
 bool LogFile::isGone() {
   const std::int64_t now = platform::coarseMilliseconds();
-  if (now - lookedAt_ < kLookInterval && now >= lookedAt_) return false;
+  if (now - lookedAt_ < kLookInterval) return false;
   lookedAt_ = now;
   return file_.isGone();
 }

@@ -37,6 +37,7 @@ class LogFile {
   void close();
 
  private:
+  bool begin(const char* path);
   bool openWithRoom(const char* path);
   void emptyRing(const std::string& base);
   bool append(const char* data, std::size_t size);

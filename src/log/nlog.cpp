@@ -69,7 +69,7 @@ char* putNumber(char* at, unsigned number) {
 
 char* putText(char* at, std::string_view text) { return at + text.copy(at, text.size()); }
 
-// What stands before the module: no more than seven numbers of ten digits, and what is between them.
+// What stands before the module: no more than eight numbers of ten digits, and what is between them.
 constexpr std::size_t kHeadSize = 128;
 
 // "2024-03-05 14:07:09 Ms:042 [W] L:044 ". Put together by hand: printf takes several times as long.

@@ -143,11 +143,11 @@ unsigned VcoClientApi::SndCmdToPrinter(const char* request, unsigned length, cha
 VcoClientApi::Outcome VcoClientApi::command(const Route& route, Envelope& request, Reply& reply,
                                             unsigned timeoutMs) {
   const char* const text = request.text();
-  const unsigned failure = exchange(route, text, request.length(), reply.received().text,
-                                    kReplyCapacity, timeoutMs, [&] {
-                                      reply.parse();
-                                      return reply.hasResult();
-                                    });
+  const unsigned failure =
+      exchange(route, text, request.length(), reply.room(), kReplyCapacity, timeoutMs, [&] {
+        reply.parse();
+        return reply.hasResult();
+      });
   if (failure != result::kOk) return {false, static_cast<std::int32_t>(failure)};
   reply.parse();
   return {true, reply.result()};

@@ -124,8 +124,8 @@ class Reply::Collector {
 
 Reply::Reply(const char* text) {
   const std::size_t length = strnlen(text, kReplyCapacity);
-  std::memcpy(received_.text, text, length);
-  received_.text[length] = '\0';
+  std::memcpy(received_, text, length);
+  received_[length] = '\0';
   parse();
 }
 
@@ -139,22 +139,22 @@ void Reply::parse() {
 }
 
 void Reply::parseText() {
-  const std::size_t length = std::strlen(received_.text);
-  std::memcpy(parsed_, received_.text, length + 1);
+  const std::size_t length = std::strlen(received_);
+  std::memcpy(parsed_, received_, length + 1);
   if (parsePlain()) return;
   count_ = 0;
-  std::memcpy(parsed_, received_.text, length);
+  std::memcpy(parsed_, received_, length);
   Collector collector(*this);
   error_ = openingBrackets(parsed_, length) <= kFewBrackets
                ? parseInPlace<kFlat>(parsed_, collector)
-               : errorOfDeep(parseInPlace<kDeep>(parsed_, collector), received_.text);
+               : errorOfDeep(parseInPlace<kDeep>(parsed_, collector), received_);
 }
 
 bool Reply::parsePlain() {
   const auto place = [this](const char* text) {
-    return static_cast<std::uint16_t>(text - received_.text);
+    return static_cast<std::uint16_t>(text - received_);
   };
-  const char* at = pastBlanks(received_.text);
+  const char* at = pastBlanks(received_);
   if (*at != '{') return false;
   do {
     const char* const key = plainString(pastBlanks(at + 1));
@@ -167,7 +167,7 @@ bool Reply::parsePlain() {
     if (value == nullptr) return false;
     at = endOfPlain(value);
     if (*at != '"') return false;
-    parsed_[at - received_.text] = '\0';
+    parsed_[at - received_] = '\0';
     members_[count_++] = {place(key), static_cast<std::uint16_t>(keyEnd - key), place(value)};
     at = pastBlanks(at + 1);
   } while (*at == ',');

@@ -5,24 +5,25 @@
 #include <cstdint>
 #include <string_view>
 
-#include "service/reply_text.h"
-
 namespace tolvex {
+
+// The most that one receive takes in, and so the longest reply.
+constexpr unsigned kReplyCapacity = 2048;
 
 // A reply: its text as it was received, and once it is parsed its members. Takes any text: what is not
 // there, or not of the right type, is told as such. Any nesting is parsed without a deep stack. Takes no
 // memory from the heap but for nesting that no reply has. Parsing throws std::bad_alloc only.
 class Reply {
  public:
-  Reply() = default;  // an empty text, to be received into and parsed
+  Reply() { received_[0] = '\0'; }  // an empty text, to be received into and parsed
   // Copies the text up to its NUL, at most kReplyCapacity bytes, and parses it.
   explicit Reply(const char* text);
   Reply(const Reply&) = delete;
   Reply& operator=(const Reply&) = delete;
 
-  // The text as it came; NUL-terminated. Whoever receives into it terminates it.
-  ReplyText& received() { return received_; }
-  const char* raw() const { return received_.text; }
+  // Where to receive the text, of kReplyCapacity bytes at most; whoever does so terminates it.
+  char* room() { return received_; }
+  const char* raw() const { return received_; }  // the text as it came
 
   // Parses what was received, once: a second call does nothing. Of a reply that is not parsed nothing
   // below may be asked.
@@ -70,7 +71,7 @@ class Reply {
   int error_ = 0;
   std::size_t count_ = 0;
   // Only what the text fills of these is ever touched.
-  ReplyText received_;
+  char received_[kReplyCapacity + 1];
   char parsed_[kReplyCapacity + 1];  // the strings end with a NUL in the place of their quotes
   Member members_[kMostMembers];
 };

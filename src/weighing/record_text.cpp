@@ -97,8 +97,8 @@ std::string formatted(double value, int decimals) {
 
 constexpr double kPowersOfTen[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
 constexpr int kMostDecimals = 9;
-constexpr int kMostDigits =
-    15;  // such a whole number is a double, and so is a power of ten like the above
+// Whole numbers of so many digits are doubles, and so are the powers of ten above.
+constexpr int kMostDigits = 15;
 
 // Reads a text that is nothing but digits, perhaps with one point and a minus. The quotient of two exact
 // doubles is the double next to the number. False for every other text.

@@ -99,14 +99,14 @@ TEST(ReplyResult, IsTheFirstOfTwo) {
 
 TEST(ReplyResult, IsReadFromTheBytesOfAReceive) {
   Reply reply;
-  std::strcpy(reply.received().text, R"({"result":"1005"})");
+  std::strcpy(reply.room(), R"({"result":"1005"})");
   reply.parse();
   EXPECT_EQ(reply.result(), 1005);
 }
 
 TEST(ReplyResult, StaysWhenItIsParsedAgain) {
   Reply reply(R"({"result":"1005"})");
-  std::strcpy(reply.received().text, R"({"result":"0"})");
+  std::strcpy(reply.room(), R"({"result":"0"})");
   reply.parse();
   EXPECT_EQ(reply.result(), 1005);
 }
